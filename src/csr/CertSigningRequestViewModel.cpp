@@ -1,0 +1,10 @@
+#include "CertSigningRequestViewModel.h"
+
+namespace Zorvane {
+
+CertSigningRequestViewModel::CertSigningRequestViewModel(QObject* parent)
+    : QObject(parent)
+{
+}
+
+} // namespace Zorvane
