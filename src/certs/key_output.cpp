@@ -2,11 +2,11 @@
 
 #include "ssl_error_category.h"
 
-#include <cerrno>
-#include <cstdio>
-
 #include <openssl/err.h>
 #include <openssl/pem.h>
+
+#include <cerrno>
+#include <cstdio>
 
 #if defined(__unix__) || defined(__APPLE__)
 #include <sys/stat.h>
@@ -25,7 +25,7 @@ void restrict_to_owner(BIO* file, const std::string& path)
     FILE* stream = nullptr;
     BIO_ctrl(file, BIO_C_GET_FILE_PTR, 0, &stream);
     const int descriptor = stream != nullptr ? fileno(stream) : -1;
-    struct stat info {};
+    struct stat info = {};
     if (descriptor >= 0 && fstat(descriptor, &info) == 0 && !S_ISREG(info.st_mode)) {
         return;
     }
@@ -73,8 +73,7 @@ void write_private_key(BIO* file, EVP_PKEY* key, const EVP_CIPHER* cipher,
                        const std::string& passphrase)
 {
     ssl_check(PEM_write_bio_PKCS8PrivateKey(file, key, cipher, passphrase.c_str(),
-                                            static_cast<int>(passphrase.size()), nullptr,
-                                            nullptr));
+                                            static_cast<int>(passphrase.size()), nullptr, nullptr));
 }
 
 } // namespace Zorvane

@@ -3,13 +3,13 @@
 // Owners for every OpenSSL object the program makes, declared once so that no
 // error road has to free anything by hand.
 
-#include <memory>
-
 #include <openssl/bio.h>
 #include <openssl/evp.h>
 #include <openssl/pkcs12.h>
 #include <openssl/x509.h>
 #include <openssl/x509v3.h>
+
+#include <memory>
 
 namespace Zorvane {
 

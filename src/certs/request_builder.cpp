@@ -5,10 +5,10 @@
 #include "ssl_error_category.h"
 #include "subject_and_extensions.h"
 
+#include <openssl/pem.h>
+
 #include <array>
 #include <utility>
-
-#include <openssl/pem.h>
 
 namespace Zorvane {
 

@@ -18,8 +18,8 @@ void write_bundle(const SelfSignedSettings& settings, EVP_PKEY* key, X509* certi
     const bool hasPassphrase = !settings.passphrase.empty();
     // No certificate encryption; the key under OpenSSL's default algorithm only
     // with a pass phrase; OpenSSL's default iteration counts.
-    Pkcs12Ptr bundle(PKCS12_create(settings.passphrase.c_str(), nullptr, key, certificate,
-                                   nullptr, hasPassphrase ? 0 : -1, -1, 0, 0, 0));
+    Pkcs12Ptr bundle(PKCS12_create(settings.passphrase.c_str(), nullptr, key, certificate, nullptr,
+                                   hasPassphrase ? 0 : -1, -1, 0, 0, 0));
     ssl_check(bundle.get());
     const BioPtr file = OpenOutputBio(settings.certPath, FileAccess::OwnerOnly);
     ssl_check(i2d_PKCS12_bio(file.get(), bundle.get()));

@@ -1,10 +1,10 @@
 #include "ssl_error_category.h"
 
-#include <cstdint>
-
 #include <fmt/format.h>
 #include <openssl/err.h>
 #include <openssl/ssl.h>
+
+#include <cstdint>
 
 namespace Zorvane {
 
@@ -58,9 +58,9 @@ std::string error_code_text(const std::error_code& ec)
     const std::string message = ec.message();
     const char* name = ec.category().name();
     const int value = ec.value();
-    const std::string code = value < 0
-                                 ? fmt::format("{}:{:#09x}", name, static_cast<std::uint32_t>(value))
-                                 : fmt::format("{}:{}", name, value);
+    const std::string code =
+        value < 0 ? fmt::format("{}:{:#09x}", name, static_cast<std::uint32_t>(value))
+                  : fmt::format("{}:{}", name, value);
     return fmt::format("[{}] {}", code, message);
 }
 

@@ -2,12 +2,11 @@
 
 #include "ssl_error_category.h"
 
-#include <array>
-
 #include <boost/algorithm/string/classification.hpp>
 #include <boost/algorithm/string/split.hpp>
 
 #include <arpa/inet.h>
+#include <array>
 #include <netinet/in.h>
 
 namespace Zorvane {

@@ -2,9 +2,6 @@
 
 namespace Zorvane {
 
-CertSigningRequestViewModel::CertSigningRequestViewModel(QObject* parent)
-    : QObject(parent)
-{
-}
+CertSigningRequestViewModel::CertSigningRequestViewModel(QObject* parent) : QObject(parent) {}
 
 } // namespace Zorvane

@@ -4,10 +4,7 @@
 
 namespace Zorvane {
 
-SelfSignedCertViewModel::SelfSignedCertViewModel(QObject* parent)
-    : QObject(parent)
-{
-}
+SelfSignedCertViewModel::SelfSignedCertViewModel(QObject* parent) : QObject(parent) {}
 
 void SelfSignedCertViewModel::setValidDays(int value)
 {

@@ -27,7 +27,9 @@ class TestRequestBuilder : public QObject
     {
         QStringList files;
         for (const QFileInfo& info : QDir(dir.path()).entryInfoList(QDir::Files)) {
-            files << QStringLiteral("%1:%2").arg(info.fileName()).arg(info.size() > 0 ? QStringLiteral("data") : QStringLiteral("empty"));
+            files << QStringLiteral("%1:%2")
+                         .arg(info.fileName())
+                         .arg(info.size() > 0 ? QStringLiteral("data") : QStringLiteral("empty"));
         }
         return files;
     }
@@ -51,10 +53,9 @@ private Q_SLOTS:
         const X509ReqPtr request = readRequest(requestPath);
         QVERIFY(request);
         QCOMPARE(nameEntries(X509_REQ_get_subject_name(request.get())),
-                 (QStringList{QStringLiteral("CN=www.example"),
-                              QStringLiteral("O=Örnek A.Ş."), QStringLiteral("OU=Ops"),
-                              QStringLiteral("L=Zürich"), QStringLiteral("ST=ZH"),
-                              QStringLiteral("C=CH")}));
+                 (QStringList{QStringLiteral("CN=www.example"), QStringLiteral("O=Örnek A.Ş."),
+                              QStringLiteral("OU=Ops"), QStringLiteral("L=Zürich"),
+                              QStringLiteral("ST=ZH"), QStringLiteral("C=CH")}));
         // One extension per name, in the order of the text; no merging.
         const QString san = QStringLiteral("X509v3 Subject Alternative Name: ");
         QCOMPARE(requestExtensions(request.get()),

@@ -139,6 +139,8 @@ private Q_SLOTS:
         QCOMPARE(EVP_PKEY_get_bits(publicKey), keySize);
         QCOMPARE(X509_verify(certificate.get(), publicKey), 1);
         QCOMPARE(X509_get_signature_nid(certificate.get()), NID_sha256WithRSAEncryption);
+        // The version is never set, and OpenSSL 3.0's signing leaves it at v1.
+        QCOMPARE(X509_get_version(certificate.get()), long(X509_VERSION_1));
 
         const QByteArray keyText = readFile(keyPath);
         const bool encrypted = !passphrase.isEmpty();
@@ -149,16 +151,16 @@ private Q_SLOTS:
         QCOMPARE(EVP_PKEY_eq(key.get(), publicKey), 1);
         if (encrypted) {
             QVERIFY(!readPrivateKey(keyPath, passphrase + "wrong"));
-            const CommandResult parsed = runOpenSsl({QStringLiteral("asn1parse"),
-                                                     QStringLiteral("-in"), keyPath});
+            const CommandResult parsed =
+                runOpenSsl({QStringLiteral("asn1parse"), QStringLiteral("-in"), keyPath});
             QVERIFY2(parsed.output.contains(QStringLiteral("aes-256-cbc")),
                      qPrintable(parsed.output));
         }
         QCOMPARE(fileMode(keyPath), std::optional<unsigned>(0600));
 
-        const CommandResult verified = runOpenSsl({QStringLiteral("verify"),
-                                                   QStringLiteral("-CAfile"), certPath,
-                                                   QStringLiteral("-check_ss_sig"), certPath});
+        const CommandResult verified =
+            runOpenSsl({QStringLiteral("verify"), QStringLiteral("-CAfile"), certPath,
+                        QStringLiteral("-check_ss_sig"), certPath});
         QVERIFY2(verified.output.contains(QStringLiteral("OK")), qPrintable(verified.output));
     }
 
@@ -176,7 +178,8 @@ private Q_SLOTS:
         QFETCH(QByteArray, passphrase);
         QFETCH(bool, forDigitalSigning);
 
-        SelfSignedSettings settings = settingsIn(QStringLiteral("bundle.pfx"), OutputFormat::Pkcs12);
+        SelfSignedSettings settings =
+            settingsIn(QStringLiteral("bundle.pfx"), OutputFormat::Pkcs12);
         settings.passphrase = passphrase.toStdString();
         settings.forDigitalSigning = forDigitalSigning;
         QCOMPARE(generate_self_signed(settings).value(), 0);
@@ -189,9 +192,9 @@ private Q_SLOTS:
         QCOMPARE(certificateExtensions(bundle.certificate.get()).size(), 1);
         // The certificate is never encrypted; the key only under a pass phrase.
         QCOMPARE(bundle.safeTypes, (QList<int>{NID_pkcs7_data, NID_pkcs7_data}));
-        QCOMPARE(bundle.bagTypes, (QList<int>{NID_certBag, passphrase.isEmpty()
-                                                              ? NID_keyBag
-                                                              : NID_pkcs8ShroudedKeyBag}));
+        QCOMPARE(
+            bundle.bagTypes,
+            (QList<int>{NID_certBag, passphrase.isEmpty() ? NID_keyBag : NID_pkcs8ShroudedKeyBag}));
         if (!passphrase.isEmpty()) {
             QVERIFY(!readBundle(path, passphrase + "x").key);
         }
@@ -270,6 +273,8 @@ private Q_SLOTS:
         QTest::newRow("certificate folder missing") << "noCertFolder" << "no such file"
             << QStringList{QStringLiteral("f.key:0")};
         QTest::newRow("bundle folder missing") << "noBundleFolder" << "no such file" << QStringList{};
+        QTest::newRow("certificate folder is a file") << "folderIsFile" << "system lib"
+            << QStringList{QStringLiteral("f.key:0"), QStringLiteral("plain:1")};
         // clang-format on
     }
 
@@ -296,6 +301,10 @@ private Q_SLOTS:
             settings.keyPath = missing + ".key";
         } else if (caseName == QLatin1String("noCertFolder")) {
             settings.certPath = missing + ".crt";
+        } else if (caseName == QLatin1String("folderIsFile")) {
+            QFile plain(dir.filePath(QStringLiteral("plain")));
+            QVERIFY(plain.open(QIODevice::WriteOnly) && plain.write("x", 1) == 1);
+            settings.certPath = dir.filePath(QStringLiteral("plain/f.crt")).toStdString();
         } else if (caseName == QLatin1String("noBundleFolder")) {
             settings.format = OutputFormat::Pkcs12;
             settings.certPath = missing + ".pfx";

@@ -58,7 +58,8 @@ private Q_SLOTS:
         const std::error_code second = last_ssl_error();
 
         QCOMPARE(&first.category(), &ssl_category());
-        QCOMPARE(first.value(), static_cast<int>(ERR_PACK(ERR_LIB_ASN1, 0, ASN1_R_STRING_TOO_LONG)));
+        QCOMPARE(first.value(),
+                 static_cast<int>(ERR_PACK(ERR_LIB_ASN1, 0, ASN1_R_STRING_TOO_LONG)));
         QCOMPARE(second, first);
         // Nothing was taken off the queue: the older entry is still first.
         QCOMPARE(ERR_peek_error(), ERR_PACK(ERR_LIB_ASN1, 0, ASN1_R_TOO_LONG));

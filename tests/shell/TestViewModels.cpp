@@ -65,16 +65,22 @@ private Q_SLOTS:
 
         const QVariant empty = QString();
         QTest::newRow("self-signed")
-            << QByteArray("SelfSignedCertViewModel")
-            << QVariantList{false, empty, 365, 2048, empty}
+            << QByteArray("SelfSignedCertViewModel") << QVariantList{false, empty, 365, 2048, empty}
             << QStringList{u"ForDigitalSigning"_s, u"CommonName"_s, u"ValidDays"_s, u"KeySize"_s,
                            u"Passphrase"_s};
-        QTest::newRow("request")
-            << QByteArray("CertSigningRequestViewModel")
-            << QVariantList{false, empty, empty, empty, empty, empty, empty, empty, 4096, empty}
-            << QStringList{u"ForDigitalSigning"_s, u"CommonName"_s, u"AltNames"_s,
-                           u"Organization"_s, u"OrganizationalUnit"_s, u"Location"_s,
-                           u"State"_s, u"CountryCode"_s, u"KeySize"_s, u"Passphrase"_s};
+        QTest::newRow("request") << QByteArray("CertSigningRequestViewModel")
+                                 << QVariantList{false, empty, empty, empty, empty,
+                                                 empty, empty, empty, 4096,  empty}
+                                 << QStringList{u"ForDigitalSigning"_s,
+                                                u"CommonName"_s,
+                                                u"AltNames"_s,
+                                                u"Organization"_s,
+                                                u"OrganizationalUnit"_s,
+                                                u"Location"_s,
+                                                u"State"_s,
+                                                u"CountryCode"_s,
+                                                u"KeySize"_s,
+                                                u"Passphrase"_s};
     }
 
     void defaultsAndShape()

@@ -60,8 +60,8 @@ EvpPkeyPtr readPrivateKey(const QString& path, const QByteArray& passphrase)
         return nullptr;
     }
     QByteArray pass = passphrase;
-    return EvpPkeyPtr(
-        PEM_read_bio_PrivateKey(file.get(), nullptr, nullptr, pass.isEmpty() ? nullptr : pass.data()));
+    return EvpPkeyPtr(PEM_read_bio_PrivateKey(file.get(), nullptr, nullptr,
+                                              pass.isEmpty() ? nullptr : pass.data()));
 }
 
 QStringList nameEntries(const X509_NAME* name)
@@ -111,7 +111,7 @@ qint64 validitySeconds(const X509* certificate)
 
 std::optional<unsigned> fileMode(const QString& path)
 {
-    struct stat info {};
+    struct stat info = {};
     if (stat(path.toUtf8().constData(), &info) != 0) {
         return std::nullopt;
     }

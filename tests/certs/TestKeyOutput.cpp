@@ -1,0 +1,82 @@
+#include "OpenSslReader.h"
+#include "key_output.h"
+#include "ssl_error_category.h"
+
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+using namespace Zorvane;
+using namespace Zorvane::Testing;
+
+class TestKeyOutput : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void accessOfNewFiles_data()
+    {
+        QTest::addColumn<int>("access");
+        QTest::addColumn<unsigned>("expectedMode");
+        QTest::newRow("secret") << int(FileAccess::OwnerOnly) << 0600u;
+        QTest::newRow("public, as the umask leaves it") << int(FileAccess::Shared) << 0644u;
+    }
+
+    void accessOfNewFiles()
+    {
+        QFETCH(int, access);
+        QFETCH(unsigned, expectedMode);
+        QTemporaryDir dir;
+        const QString path = dir.filePath(QStringLiteral("out"));
+        const mode_t oldMask = umask(022);
+        {
+            const BioPtr file = OpenOutputBio(path.toStdString(), FileAccess(access));
+            QVERIFY(file);
+            // Restricted before anything is written.
+            QCOMPARE(fileMode(path), std::optional<unsigned>(expectedMode));
+        }
+        umask(oldMask);
+    }
+
+    void specialFilesKeepTheirMode()
+    {
+        QTemporaryDir dir;
+        const QByteArray fifo = dir.filePath(QStringLiteral("pipe")).toUtf8();
+        QCOMPARE(mkfifo(fifo.constData(), 0644), 0);
+        chmod(fifo.constData(), 0644);
+        // A reader first, so that opening for writing does not block.
+        const int reader = open(fifo.constData(), O_RDONLY | O_NONBLOCK);
+        QVERIFY(reader >= 0);
+        {
+            const BioPtr file = OpenOutputBio(fifo.toStdString(), FileAccess::OwnerOnly);
+            QVERIFY(file);
+        }
+        close(reader);
+        QCOMPARE(fileMode(QString::fromUtf8(fifo)), std::optional<unsigned>(0644));
+    }
+
+    void refusedKeySizeRaises_data()
+    {
+        QTest::addColumn<int>("bits");
+        QTest::newRow("too small") << 256;
+        QTest::newRow("zero") << 0;
+        QTest::newRow("negative wraps and is refused") << -1;
+    }
+
+    void refusedKeySizeRaises()
+    {
+        QFETCH(int, bits);
+        try {
+            generate_rsa_key(bits);
+            QFAIL("OpenSSL should refuse this size");
+        } catch (const std::error_code& ec) {
+            QCOMPARE(QString::fromStdString(ec.message()), QStringLiteral("key size too small"));
+        }
+    }
+};
+
+QTEST_GUILESS_MAIN(TestKeyOutput)
+#include "TestKeyOutput.moc"
