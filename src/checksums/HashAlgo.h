@@ -1,0 +1,62 @@
+#pragma once
+
+#include <QObject>
+#include <QString>
+#include <QtQml/qqmlregistration.h>
+
+#include <openssl/types.h>
+
+namespace Zorvane {
+
+// One digest on the checksum page: its name, whether it is chosen, and its
+// last result.
+class HashAlgo : public QObject
+{
+    Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("HashAlgo objects come from the digest catalogue")
+
+    /// The one name of the digest on the check box, in the report and in the stored selection.
+    Q_PROPERTY(QString ShortName READ ShortName CONSTANT)
+    /// OpenSSL's description of the digest, for the tool tip.
+    Q_PROPERTY(QString Description READ Description CONSTANT)
+    /// The digest is chosen for hashing.
+    Q_PROPERTY(bool Checked READ Checked WRITE setChecked NOTIFY CheckedChanged)
+    /// The last result as upper-case hexadecimal; empty before a result.
+    Q_PROPERTY(QString Checksum READ Checksum NOTIFY ChecksumChanged)
+
+public:
+    // Takes its own reference on the digest as the last act of construction.
+    explicit HashAlgo(EVP_MD* digest, QObject* parent = nullptr);
+    ~HashAlgo() override;
+
+    // A name only, without a digest to hash with.
+    Q_INVOKABLE static Zorvane::HashAlgo* CreateInstance(const QString& shortName);
+
+    QString ShortName() const { return m_shortName; }
+    QString Description() const { return m_description; }
+
+    bool Checked() const { return m_checked; }
+    void setChecked(bool checked);
+
+    QString Checksum() const { return m_checksum; }
+    // Always raises ChecksumChanged, also for the same text.
+    void setChecksum(const QString& checksum);
+
+    const EVP_MD* digest() const { return m_digest; }
+
+Q_SIGNALS:
+    void CheckedChanged();
+    void ChecksumChanged();
+
+private:
+    explicit HashAlgo(QString shortName);
+
+    EVP_MD* m_digest = nullptr;
+    QString m_shortName;
+    QString m_description;
+    bool m_checked = false;
+    QString m_checksum;
+};
+
+} // namespace Zorvane

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <QString>
+
+namespace Zorvane::Package {
+
+// The package family the installed program belongs to; its settings live under it.
+inline const QString FamilyName = QStringLiteral("Halvertrix.Zorvane_m4kq8wzr2p7ny");
+
+// Where an installed program finds the manifest that gives it its identity,
+// relative to the folder of the executable.
+inline const QString ManifestRelativePath = QStringLiteral("../share/zorvane/package-identity");
+
+// The family name from the installed manifest. Raises HResultError with
+// HResult::NoPackage when there is none: a run from the build tree has no
+// identity and so stores nothing.
+QString Current();
+
+// True exactly when asking for the package fails with HResult::NoPackage; any
+// other failure is swallowed and leaves the answer false.
+bool DetectNoPackageIdentity();
+
+} // namespace Zorvane::Package
