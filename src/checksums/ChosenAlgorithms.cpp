@@ -32,8 +32,7 @@ void LoadChosenAlgorithms(OpenSslChecksumsViewModel& viewModel, const bool& noPa
     ChecksumSelection::ApplyStoredNames(viewModel, stored.toString());
 }
 
-void SaveChosenAlgorithms(const OpenSslChecksumsViewModel& viewModel,
-                          const bool& noPackageIdentity)
+void SaveChosenAlgorithms(const OpenSslChecksumsViewModel& viewModel, const bool& noPackageIdentity)
 {
     std::optional<SettingsValues> values = GetSettingsValues(noPackageIdentity);
     if (!values) {

@@ -5,18 +5,14 @@
 namespace Zorvane {
 
 HashAlgo::HashAlgo(EVP_MD* digest, QObject* parent)
-    : QObject(parent)
-    , m_shortName(QString::fromUtf8(EVP_MD_get0_name(digest)))
-    , m_description(QString::fromUtf8(EVP_MD_get0_description(digest)))
+    : QObject(parent), m_shortName(QString::fromUtf8(EVP_MD_get0_name(digest))),
+      m_description(QString::fromUtf8(EVP_MD_get0_description(digest)))
 {
     EVP_MD_up_ref(digest);
     m_digest = digest;
 }
 
-HashAlgo::HashAlgo(QString shortName)
-    : m_shortName(std::move(shortName))
-{
-}
+HashAlgo::HashAlgo(QString shortName) : m_shortName(std::move(shortName)) {}
 
 HashAlgo::~HashAlgo()
 {

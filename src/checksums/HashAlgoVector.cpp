@@ -2,10 +2,7 @@
 
 namespace Zorvane {
 
-HashAlgoVector::HashAlgoVector(QObject* parent)
-    : QAbstractListModel(parent)
-{
-}
+HashAlgoVector::HashAlgoVector(QObject* parent) : QAbstractListModel(parent) {}
 
 HashAlgo* HashAlgoVector::GetAt(int index) const
 {

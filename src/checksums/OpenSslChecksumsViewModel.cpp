@@ -21,9 +21,7 @@ QList<HashAlgo*> build_catalogue(QObject* owner)
 } // namespace
 
 OpenSslChecksumsViewModel::OpenSslChecksumsViewModel(QObject* parent)
-    : QObject(parent)
-    , m_available(new HashAlgoVector(this))
-    , m_chosen(new HashAlgoVector(this))
+    : QObject(parent), m_available(new HashAlgoVector(this)), m_chosen(new HashAlgoVector(this))
 {
     m_available->ReplaceAll(build_catalogue(this));
 }

@@ -5,11 +5,10 @@
 
 #include <algorithm>
 #include <cerrno>
-#include <memory>
-#include <system_error>
-
 #include <fcntl.h>
+#include <memory>
 #include <sys/stat.h>
+#include <system_error>
 #include <unistd.h>
 
 namespace Zorvane {

@@ -36,10 +36,7 @@ QVariant decode(const QVariant& stored)
 }
 } // namespace
 
-SettingsValues::SettingsValues(QString filePath)
-    : m_filePath(std::move(filePath))
-{
-}
+SettingsValues::SettingsValues(QString filePath) : m_filePath(std::move(filePath)) {}
 
 QVariant SettingsValues::Lookup(const QString& key) const
 {

@@ -34,10 +34,7 @@ public:
     SettingsValues LocalSettingsValues() const;
 
 private:
-    explicit ApplicationData(QString folder)
-        : m_folder(std::move(folder))
-    {
-    }
+    explicit ApplicationData(QString folder) : m_folder(std::move(folder)) {}
 
     QString m_folder;
 };

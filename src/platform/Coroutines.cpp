@@ -45,7 +45,8 @@ void UiContext::await_suspend(std::coroutine_handle<> handle) const
         // The application is gone: nothing is left to come back to.
         return;
     }
-    QMetaObject::invokeMethod(m_receiver, [handle] { handle.resume(); }, Qt::QueuedConnection);
+    QMetaObject::invokeMethod(
+        m_receiver, [handle] { handle.resume(); }, Qt::QueuedConnection);
 }
 
 } // namespace Zorvane

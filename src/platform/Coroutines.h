@@ -46,10 +46,7 @@ public:
     void await_resume() const noexcept {}
 
 private:
-    explicit UiContext(QObject* receiver)
-        : m_receiver(receiver)
-    {
-    }
+    explicit UiContext(QObject* receiver) : m_receiver(receiver) {}
 
     QPointer<QObject> m_receiver;
 };

@@ -11,10 +11,8 @@
 namespace Zorvane {
 
 HResultError::HResultError(std::uint32_t code, const std::string& what)
-    : std::runtime_error(what.empty() ? fmt::format("0x{:08X}", code) : what)
-    , m_code(code)
-{
-}
+    : std::runtime_error(what.empty() ? fmt::format("0x{:08X}", code) : what), m_code(code)
+{}
 
 std::uint32_t code_of_current_exception() noexcept
 {

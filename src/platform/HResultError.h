@@ -8,7 +8,7 @@ namespace Zorvane {
 
 // Well-known failure codes of platform calls.
 namespace HResult {
-inline constexpr std::uint32_t NoPackage = 0x80073D54;        ///< the process has no package identity
+inline constexpr std::uint32_t NoPackage = 0x80073D54; ///< the process has no package identity
 inline constexpr std::uint32_t ClassNotAvailable = 0x80040111; ///< unknown runtime class name
 inline constexpr std::uint32_t OutOfMemory = 0x8007000E;
 inline constexpr std::uint32_t NotImplemented = 0x80004001;

@@ -18,10 +18,7 @@ void GoToState(QObject* page, const QString& name);
 class VisualStateGuard
 {
 public:
-    explicit VisualStateGuard(QObject* page)
-        : m_page(page)
-    {
-    }
+    explicit VisualStateGuard(QObject* page) : m_page(page) {}
     ~VisualStateGuard() { GoToState(m_page, VisualStates::Normal); }
 
     VisualStateGuard(const VisualStateGuard&) = delete;

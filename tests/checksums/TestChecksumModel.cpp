@@ -1,0 +1,261 @@
+#include "ChecksumReport.h"
+#include "ChecksumSelection.h"
+#include "ChosenAlgorithms.h"
+#include "Clipboard.h"
+#include "OpenSslChecksumsViewModel.h"
+
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QMimeData>
+#include <QSignalSpy>
+#include <QStandardPaths>
+#include <QTest>
+
+#include <memory>
+
+using namespace Zorvane;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QStringList names(const HashAlgoVector& vector)
+{
+    QStringList result;
+    for (const HashAlgo* algo : vector.items()) {
+        result << algo->ShortName();
+    }
+    return result;
+}
+
+QStringList checkedNames(const OpenSslChecksumsViewModel& viewModel)
+{
+    QStringList result;
+    for (const HashAlgo* algo : viewModel.AvailableHashAlgos()->items()) {
+        if (algo->Checked()) {
+            result << algo->ShortName();
+        }
+    }
+    return result;
+}
+
+HashAlgo* find(const OpenSslChecksumsViewModel& viewModel, const QString& name)
+{
+    for (HashAlgo* algo : viewModel.AvailableHashAlgos()->items()) {
+        if (algo->ShortName() == name) {
+            return algo;
+        }
+    }
+    return nullptr;
+}
+
+} // namespace
+
+class TestChecksumModel : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase() { QStandardPaths::setTestModeEnabled(true); }
+
+    void hashAlgoEvents()
+    {
+        const std::unique_ptr<HashAlgo> algo(HashAlgo::CreateInstance(u"X"_s));
+        QCOMPARE(algo->ShortName(), u"X"_s);
+        QVERIFY(algo->Description().isEmpty());
+        QVERIFY(algo->digest() == nullptr);
+
+        QSignalSpy checked(algo.get(), &HashAlgo::CheckedChanged);
+        QSignalSpy checksum(algo.get(), &HashAlgo::ChecksumChanged);
+        algo->setChecked(false); // same value: no event
+        algo->setChecked(true);
+        algo->setChecked(true);
+        QCOMPARE(checked.count(), 1);
+        algo->setChecksum(u"AB"_s);
+        algo->setChecksum(u"AB"_s); // same text: an event all the same
+        algo->setChecksum(QString());
+        QCOMPARE(checksum.count(), 3);
+    }
+
+    void catalogueSortedByCodeUnits()
+    {
+        OpenSslChecksumsViewModel viewModel;
+        const QStringList catalogue = names(*viewModel.AvailableHashAlgos());
+        QVERIFY(catalogue.size() >= 10);
+        QStringList sorted = catalogue;
+        std::sort(sorted.begin(), sorted.end()); // code unit order: "Z" before "a"
+        QCOMPARE(catalogue, sorted);
+        QCOMPARE(viewModel.HashAlgos()->Size(), 0);
+        QCOMPARE(viewModel.FileSize(), -1);
+        const HashAlgo* sha256 = find(viewModel, u"SHA2-256"_s);
+        QVERIFY(sha256 && sha256->digest());
+        QCOMPARE(sha256->Description(), u"sha256"_s);
+    }
+
+    void fileSizeRaisesOnlyOnChange()
+    {
+        OpenSslChecksumsViewModel viewModel;
+        QSignalSpy spy(&viewModel, &OpenSslChecksumsViewModel::FileSizeChanged);
+        viewModel.setFileSize(-1);
+        viewModel.setFileSize(10);
+        viewModel.setFileSize(10);
+        viewModel.setFileSize(-1);
+        QCOMPARE(spy.count(), 2);
+    }
+
+    void selectionRules()
+    {
+        OpenSslChecksumsViewModel viewModel;
+        HashAlgoVector& chosen = *viewModel.HashAlgos();
+        QSignalSpy changes(&chosen, &HashAlgoVector::VectorChanged);
+        const QStringList catalogue = names(*viewModel.AvailableHashAlgos());
+
+        ChecksumSelection::SelectNoneClick(viewModel); // empty already: still a change
+        QCOMPARE(changes.count(), 1);
+
+        find(viewModel, u"SHA2-256"_s)->setChecked(true);
+        find(viewModel, u"MD5"_s)->setChecked(true);
+        ChecksumSelection::AlgorithmClick(viewModel);
+        QCOMPARE(names(chosen), (QStringList{u"MD5"_s, u"SHA2-256"_s})); // catalogue order
+        QCOMPARE(changes.count(), 2);
+
+        ChecksumSelection::SelectAllClick(viewModel);
+        ChecksumSelection::SelectAllClick(viewModel); // same contents: still a change
+        QCOMPARE(names(chosen), catalogue);
+        QCOMPARE(checkedNames(viewModel), catalogue);
+        QCOMPARE(changes.count(), 4);
+
+        ChecksumSelection::SelectNoneClick(viewModel);
+        QCOMPARE(chosen.Size(), 0);
+        QVERIFY(checkedNames(viewModel).isEmpty());
+        QCOMPARE(changes.count(), 5);
+    }
+
+    void storedNames_data()
+    {
+        QTest::addColumn<QString>("stored");
+        QTest::addColumn<QStringList>("chosen");
+
+        // clang-format off
+        QTest::newRow("stored order kept") << u"SHA2-256,MD5,SHA1"_s
+            << QStringList{u"SHA2-256"_s, u"MD5"_s, u"SHA1"_s};
+        QTest::newRow("a name twice") << u"MD5,MD5"_s << QStringList{u"MD5"_s, u"MD5"_s};
+        QTest::newRow("unknown, wrong case, blanks dropped") << u"md5,NOPE,SHA1, MD5,"_s
+            << QStringList{u"SHA1"_s};
+        QTest::newRow("empty string chooses nothing") << QString() << QStringList{};
+        QTest::newRow("only commas") << u",,"_s << QStringList{};
+        // clang-format on
+    }
+
+    void storedNames()
+    {
+        QFETCH(QString, stored);
+        QFETCH(QStringList, chosen);
+        OpenSslChecksumsViewModel viewModel;
+        QSignalSpy changes(viewModel.HashAlgos(), &HashAlgoVector::VectorChanged);
+        QSignalSpy md5Checked(find(viewModel, u"MD5"_s), &HashAlgo::CheckedChanged);
+
+        ChecksumSelection::ApplyStoredNames(viewModel, stored);
+        QCOMPARE(names(*viewModel.HashAlgos()), chosen);
+        QCOMPARE(changes.count(), 1); // replaced even when nothing matched
+        QCOMPARE(md5Checked.count(), chosen.contains(u"MD5"_s) ? 1 : 0);
+        QCOMPARE(ChecksumSelection::JoinNames(viewModel), chosen.join(u','));
+
+        // A click puts the selection back into catalogue order.
+        ChecksumSelection::AlgorithmClick(viewModel);
+        QStringList catalogueOrder = chosen;
+        catalogueOrder.removeDuplicates();
+        std::sort(catalogueOrder.begin(), catalogueOrder.end());
+        QCOMPARE(names(*viewModel.HashAlgos()), catalogueOrder);
+    }
+
+    void persistence()
+    {
+        const bool packaged = false;
+        SettingsValues store = *GetSettingsValues(packaged);
+        QVERIFY(store.filePath().contains(u"Halvertrix.Zorvane_m4kq8wzr2p7ny"_s));
+        QFile::remove(store.filePath());
+
+        // First start: nothing stored, nothing chosen, no change raised.
+        OpenSslChecksumsViewModel first;
+        QSignalSpy firstChanges(first.HashAlgos(), &HashAlgoVector::VectorChanged);
+        LoadChosenAlgorithms(first, packaged);
+        QCOMPARE(firstChanges.count(), 0);
+
+        ChecksumSelection::ApplyStoredNames(first, u"SHA1,MD5"_s);
+        SaveChosenAlgorithms(first, packaged);
+        QCOMPARE(store.Lookup(ChosenAlgorithmsKey), QVariant(u"SHA1,MD5"_s));
+
+        OpenSslChecksumsViewModel second;
+        LoadChosenAlgorithms(second, packaged);
+        QCOMPARE(names(*second.HashAlgos()), (QStringList{u"SHA1"_s, u"MD5"_s}));
+
+        // An empty selection stores the empty string and keeps the key.
+        ChecksumSelection::SelectNoneClick(second);
+        SaveChosenAlgorithms(second, packaged);
+        QCOMPARE(store.Lookup(ChosenAlgorithmsKey), QVariant(QString()));
+
+        // A value of another type counts as absent.
+        store.Insert(ChosenAlgorithmsKey, 42);
+        QCOMPARE(store.Lookup(ChosenAlgorithmsKey), QVariant(42));
+        OpenSslChecksumsViewModel third;
+        QSignalSpy thirdChanges(third.HashAlgos(), &HashAlgoVector::VectorChanged);
+        LoadChosenAlgorithms(third, packaged);
+        QCOMPARE(thirdChanges.count(), 0);
+    }
+
+    void nothingStoredWithoutPackageIdentity()
+    {
+        const bool unpackaged = true;
+        QVERIFY(!GetSettingsValues(unpackaged));
+        SettingsValues store = *GetSettingsValues(false);
+        store.Insert(ChosenAlgorithmsKey, u"MD5"_s);
+
+        OpenSslChecksumsViewModel viewModel;
+        LoadChosenAlgorithms(viewModel, unpackaged);
+        QCOMPARE(viewModel.HashAlgos()->Size(), 0);
+        ChecksumSelection::SelectAllClick(viewModel);
+        SaveChosenAlgorithms(viewModel, unpackaged);
+        QCOMPARE(store.Lookup(ChosenAlgorithmsKey), QVariant(u"MD5"_s));
+    }
+
+    void report_data()
+    {
+        QTest::addColumn<QStringList>("chosen");
+        QTest::addColumn<QString>("expected");
+        const QString head = u"/tmp/d\u00E9j\u00E0 vu.iso\r\nSize (Bytes): 42"_s;
+        QTest::newRow("no digest: two lines, no line end") << QStringList{} << head;
+        QTest::newRow("stored order, empty result ends in a blank")
+            << QStringList{u"SHA1"_s, u"MD5"_s, u"SHA2-256"_s}
+            << head + u"\r\nSHA1: AA\r\nMD5: \r\nSHA2-256: 0F"_s;
+    }
+
+    void report()
+    {
+        QFETCH(QStringList, chosen);
+        QFETCH(QString, expected);
+        OpenSslChecksumsViewModel viewModel;
+        ChecksumSelection::ApplyStoredNames(viewModel, chosen.join(u','));
+        if (!chosen.isEmpty()) {
+            find(viewModel, u"SHA1"_s)->setChecksum(u"AA"_s);
+            find(viewModel, u"SHA2-256"_s)->setChecksum(u"0F"_s);
+        }
+        const QString path = u"/tmp/d\u00E9j\u00E0 vu.iso"_s;
+        const QString text =
+            ChecksumReport::Text(path, u"Size (Bytes):"_s, u"42"_s, *viewModel.HashAlgos());
+        QCOMPARE(text, expected);
+
+        Clipboard::SetContent(ChecksumReport::Package(path, text));
+        const QMimeData* data = QGuiApplication::clipboard()->mimeData();
+        QVERIFY(data);
+        QCOMPARE(data->text(), expected);
+        QCOMPARE(QString::fromUtf8(data->data(Clipboard::TitleMimeType)),
+                 u"Checksums for "_s + path);
+
+        Clipboard::SetContent({QString(), u"0F"_s}); // a single value has no title
+        QCOMPARE(QGuiApplication::clipboard()->text(), u"0F"_s);
+        QVERIFY(!QGuiApplication::clipboard()->mimeData()->hasFormat(Clipboard::TitleMimeType));
+    }
+};
+
+QTEST_MAIN(TestChecksumModel)
+#include "TestChecksumModel.moc"

@@ -1,0 +1,253 @@
+#include "ChecksumRun.h"
+#include "ChecksumSelection.h"
+#include "OpenSslChecksumsViewModel.h"
+#include "OpenSslReader.h"
+
+#include <QCoreApplication>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QProcess>
+#include <QSignalSpy>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTimer>
+
+#include <cstring>
+#include <memory>
+
+using namespace Zorvane;
+using namespace Qt::StringLiterals;
+
+// Stands in for the checksum page: a "state" the run switches, a picked file,
+// and a size text that follows FileSize the way the page's binding does.
+class FakeChecksumPage : public QObject, public ChecksumRunHost
+{
+    Q_OBJECT
+    Q_PROPERTY(QString state MEMBER m_state NOTIFY stateChanged)
+
+public:
+    FakeChecksumPage() : m_viewModel(std::make_shared<OpenSslChecksumsViewModel>())
+    {
+        connect(m_viewModel.get(), &OpenSslChecksumsViewModel::FileSizeChanged, this,
+                [this] { sizeText = QString::number(m_viewModel->FileSize()); });
+        connect(this, &FakeChecksumPage::stateChanged, this, [this] { states << m_state; });
+    }
+
+    QObject* PageObject() override { return this; }
+    std::shared_ptr<OpenSslChecksumsViewModel> ViewModel() override { return m_viewModel; }
+    QString FilePath() const override { return file; }
+    void ClearSizeText() override { sizeText.clear(); }
+
+    OpenSslChecksumsViewModel& viewModel() { return *m_viewModel; }
+
+    QString file;
+    QString sizeText;
+    QStringList states;
+
+Q_SIGNALS:
+    void stateChanged();
+
+private:
+    QString m_state;
+    std::shared_ptr<OpenSslChecksumsViewModel> m_viewModel;
+};
+
+namespace {
+
+bool waitForNormal(FakeChecksumPage& page, int runs = 1)
+{
+    return QTest::qWaitFor([&] { return page.states.count(u"Normal"_s) >= runs; }, 60000);
+}
+
+HashAlgo* find(OpenSslChecksumsViewModel& viewModel, const QString& name)
+{
+    for (HashAlgo* algo : viewModel.AvailableHashAlgos()->items()) {
+        if (algo->ShortName() == name) {
+            return algo;
+        }
+    }
+    return nullptr;
+}
+
+} // namespace
+
+class TestChecksumRun : public QObject
+{
+    Q_OBJECT
+
+    QTemporaryDir m_dir;
+
+    QString writeFile(const QString& name, const QByteArray& content)
+    {
+        QFile file(m_dir.filePath(name));
+        if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size()) {
+            return {};
+        }
+        return file.fileName();
+    }
+
+private Q_SLOTS:
+    void runWithoutFileOnlyFlipsStates()
+    {
+        FakeChecksumPage page;
+        ChecksumSelection::ApplyStoredNames(page.viewModel(), u"MD5"_s);
+        find(page.viewModel(), u"MD5"_s)->setChecksum(u"OLD"_s);
+        page.sizeText = u"stale"_s;
+        QSignalSpy sizes(&page.viewModel(), &OpenSslChecksumsViewModel::FileSizeChanged);
+
+        CalculateChecksums(&page);
+        // No file: the run ends before any hop, so all is done on return.
+        QCOMPARE(page.states, (QStringList{u"InProgress"_s, u"Normal"_s}));
+        QCOMPARE(sizes.count(), 0); // -1 already: no change
+        QCOMPARE(page.sizeText, QString());
+        QCOMPARE(find(page.viewModel(), u"MD5"_s)->Checksum(), QString());
+    }
+
+    void runPublishesResultsAndSize()
+    {
+        const QByteArray content = "The quick brown fox jumps over the lazy dog";
+        FakeChecksumPage page;
+        page.file = writeFile(u"fox.txt"_s, content);
+        ChecksumSelection::ApplyStoredNames(page.viewModel(), u"SHA2-256,MD5,SHAKE-256"_s);
+        HashAlgo* unchosen = find(page.viewModel(), u"SHA1"_s);
+        unchosen->setChecksum(u"KEPT"_s);
+        QSignalSpy sizes(&page.viewModel(), &OpenSslChecksumsViewModel::FileSizeChanged);
+
+        CalculateChecksums(&page);
+        QCOMPARE(page.states, QStringList{u"InProgress"_s}); // the rest is off the UI thread
+        QVERIFY(waitForNormal(page));
+
+        // clang-format off
+        QCOMPARE(find(page.viewModel(), u"SHA2-256"_s)->Checksum(),
+                 u"D7A8FBB307D7809469CA9ABCB0082E4F8D5651E46D3CDB762D02D0BF37C9E592"_s);
+        QCOMPARE(find(page.viewModel(), u"MD5"_s)->Checksum(), u"9E107D9D372BB6826BD81D3542A419D6"_s);
+        QCOMPARE(find(page.viewModel(), u"SHAKE-256"_s)->Checksum().size(), 128);
+        // clang-format on
+        QCOMPARE(unchosen->Checksum(), u"KEPT"_s); // only the snapshot is cleared
+        QCOMPARE(page.viewModel().FileSize(), content.size());
+        QCOMPARE(page.sizeText, QString::number(content.size()));
+
+        // The same file again: through -1 and back, so the size shows again.
+        CalculateChecksums(&page);
+        QCOMPARE(page.sizeText, QString());
+        QVERIFY(waitForNormal(page, 2));
+        QCOMPARE(page.sizeText, QString::number(content.size()));
+        QCOMPARE(sizes.count(), 3);
+        QCOMPARE(page.states,
+                 (QStringList{u"InProgress"_s, u"Normal"_s, u"InProgress"_s, u"Normal"_s}));
+    }
+
+    void emptyFileAndEmptySelection()
+    {
+        FakeChecksumPage page;
+        page.file = writeFile(u"empty"_s, {});
+        ChecksumSelection::ApplyStoredNames(page.viewModel(), u"SHA1"_s);
+        CalculateChecksums(&page);
+        QVERIFY(waitForNormal(page));
+        QCOMPARE(find(page.viewModel(), u"SHA1"_s)->Checksum(),
+                 u"DA39A3EE5E6B4B0D3255BFEF95601890AFD80709"_s);
+        QCOMPARE(page.sizeText, u"0"_s);
+
+        ChecksumSelection::SelectNoneClick(page.viewModel());
+        page.file = writeFile(u"five"_s, "12345");
+        CalculateChecksums(&page);
+        QVERIFY(waitForNormal(page, 2));
+        QCOMPARE(page.sizeText, u"5"_s); // the size alone, with no rows
+    }
+
+    void digestThatCannotFinishStaysEmpty()
+    {
+        FakeChecksumPage page;
+        page.file = writeFile(u"abc"_s, "abc");
+        const std::unique_ptr<HashAlgo> nameOnly(HashAlgo::CreateInstance(u"NAME-ONLY"_s));
+        HashAlgo* sha1 = find(page.viewModel(), u"SHA1"_s);
+        page.viewModel().HashAlgos()->ReplaceAll({nameOnly.get(), sha1});
+        CalculateChecksums(&page);
+        QVERIFY(waitForNormal(page));
+        QCOMPARE(nameOnly->Checksum(), QString());
+        QCOMPARE(sha1->Checksum(), u"A9993E364706816ABA3E25717850C26C9CD0D89D"_s);
+    }
+
+    void pageGoneDuringRun()
+    {
+        auto page = std::make_unique<FakeChecksumPage>();
+        page->file = writeFile(u"gone-page"_s, QByteArray(1 << 20, 'z'));
+        ChecksumSelection::SelectAllClick(page->viewModel());
+        const std::shared_ptr<OpenSslChecksumsViewModel> viewModel = page->ViewModel();
+        QSignalSpy sizes(viewModel.get(), &OpenSslChecksumsViewModel::FileSizeChanged);
+        CalculateChecksums(page.get());
+        page.reset(); // results still go to the view model that the run keeps
+        QVERIFY(sizes.wait(60000) || sizes.count() > 0);
+        QTRY_COMPARE(viewModel->FileSize(), qint64(1 << 20));
+    }
+
+    void eventLoopStaysResponsive()
+    {
+        FakeChecksumPage page;
+        page.file = writeFile(u"big"_s, QByteArray(96 << 20, 'a'));
+        ChecksumSelection::SelectAllClick(page.viewModel());
+        int ticks = 0;
+        QTimer ticker;
+        connect(&ticker, &QTimer::timeout, this, [&] { ++ticks; });
+        ticker.start(5);
+        QElapsedTimer elapsed;
+        elapsed.start();
+        CalculateChecksums(&page);
+        QVERIFY(waitForNormal(page));
+        // Far more ticks than a blocked loop could deliver (it would give one).
+        QVERIFY2(ticks >= 10, qPrintable(u"%1 ticks in %2 ms"_s.arg(ticks).arg(elapsed.elapsed())));
+        QCOMPARE(page.viewModel().FileSize(), qint64(96 << 20));
+    }
+
+    void unreadableFileEndsTheProcess_data()
+    {
+        QTest::addColumn<QString>("target");
+        QTest::addColumn<QString>("code");
+        QTest::newRow("vanished file") << u"vanished"_s << u"0x80070002"_s;
+        QTest::newRow("a folder") << u"."_s << u"0x80070015"_s;
+    }
+
+    void unreadableFileEndsTheProcess()
+    {
+        QFETCH(QString, target);
+        QFETCH(QString, code);
+        QProcess child;
+        child.setProcessChannelMode(QProcess::MergedChannels);
+        child.start(QCoreApplication::applicationFilePath(),
+                    {u"--run-on"_s, m_dir.filePath(target)});
+        QVERIFY(child.waitForFinished(60000));
+        const QString output = QString::fromUtf8(child.readAll());
+        QCOMPARE(child.exitStatus(), QProcess::CrashExit);
+        QVERIFY2(output.contains(u"Zorvane: fail-fast "_s + code), qPrintable(output));
+    }
+};
+
+// "--run-on PATH": one run over PATH, then an orderly exit that an
+// unreadable file must never reach.
+static int runOn(int argc, char** argv)
+{
+    QCoreApplication app(argc, argv);
+    FakeChecksumPage page;
+    page.file = QString::fromLocal8Bit(argv[2]);
+    ChecksumSelection::SelectAllClick(page.viewModel());
+    QObject::connect(&page, &FakeChecksumPage::stateChanged, &app, [&] {
+        if (page.states.endsWith(u"Normal"_s)) {
+            QCoreApplication::exit(0);
+        }
+    });
+    CalculateChecksums(&page);
+    return QCoreApplication::exec();
+}
+
+int main(int argc, char** argv)
+{
+    if (argc == 3 && std::strcmp(argv[1], "--run-on") == 0) {
+        return runOn(argc, argv);
+    }
+    QCoreApplication app(argc, argv);
+    TestChecksumRun test;
+    QTEST_SET_MAIN_SOURCE_PATH
+    return QTest::qExec(&test, argc, argv);
+}
+
+#include "TestChecksumRun.moc"

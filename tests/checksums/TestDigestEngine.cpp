@@ -1,0 +1,147 @@
+#include "OpenSslReader.h"
+#include "digest_engine.h"
+
+#include <QFile>
+#include <QRandomGenerator>
+#include <QTemporaryDir>
+#include <QTest>
+
+using namespace Zorvane;
+using namespace Zorvane::Testing;
+
+namespace {
+
+QString writeInput(const QTemporaryDir& dir, const QString& name, qint64 size)
+{
+    QByteArray bytes(size, Qt::Uninitialized);
+    QRandomGenerator generator(static_cast<quint32>(size));
+    for (char& byte : bytes) {
+        byte = static_cast<char>(generator.bounded(256));
+    }
+    const QString path = dir.filePath(name);
+    QFile file(path);
+    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != size) {
+        return {};
+    }
+    return path;
+}
+
+// What the openssl command prints for the file, upper-cased as we show it.
+QString opensslDigest(const EVP_MD* digest, const QString& path)
+{
+    QStringList arguments{QStringLiteral("dgst"), QStringLiteral("-r"),
+                          QLatin1Char('-') + QString::fromLatin1(EVP_MD_get0_name(digest))};
+    if ((EVP_MD_get_flags(digest) & EVP_MD_FLAG_XOF) != 0) {
+        arguments << QStringLiteral("-xoflen") << QString::number(XofOutputLength);
+    }
+    const CommandResult result = runOpenSsl(arguments << path);
+    if (result.exitCode != 0) {
+        return QStringLiteral("openssl failed: ") + result.output;
+    }
+    return result.output.section(QLatin1Char(' '), 0, 0).toUpper();
+}
+
+} // namespace
+
+class TestDigestEngine : public QObject
+{
+    Q_OBJECT
+
+    QTemporaryDir m_dir;
+
+private Q_SLOTS:
+    void everyDigestMatchesTheOpensslCommand_data()
+    {
+        QTest::addColumn<qint64>("size");
+        QTest::newRow("empty") << qint64(0);
+        QTest::newRow("one byte") << qint64(1);
+        QTest::newRow("exactly one chunk") << qint64(ChecksumReadSize);
+        QTest::newRow("one chunk and a byte") << qint64(ChecksumReadSize + 1);
+        QTest::newRow("a few MiB") << qint64(3 * 1024 * 1024 + 12345);
+    }
+
+    void everyDigestMatchesTheOpensslCommand()
+    {
+        QFETCH(qint64, size);
+        const QString path = writeInput(m_dir, QString::number(size), size);
+        QVERIFY(!path.isEmpty());
+
+        const std::vector<EvpMdPtr> catalogue = provided_digests();
+        QVERIFY(catalogue.size() >= 10);
+        std::vector<const EVP_MD*> digests;
+        for (const EvpMdPtr& digest : catalogue) {
+            digests.push_back(digest.get());
+        }
+
+        // All of them in one pass over the file.
+        QCOMPARE(file_size(path.toStdString()), size);
+        OnePassDigester digester(digests);
+        ChunkedFileReader(path.toStdString()).feed(digester);
+        const std::vector<std::optional<std::string>> results = digester.finish();
+        QCOMPARE(results.size(), digests.size());
+
+        for (std::size_t i = 0; i < digests.size(); ++i) {
+            const QString name = QString::fromLatin1(EVP_MD_get0_name(digests[i]));
+            QVERIFY2(results[i].has_value(), qPrintable(name));
+            QCOMPARE(name + QLatin1Char(' ') + QString::fromStdString(*results[i]),
+                     name + QLatin1Char(' ') + opensslDigest(digests[i], path));
+        }
+    }
+
+    void catalogueSkipsDigestsWithoutType()
+    {
+        QStringList names;
+        for (const EvpMdPtr& digest : provided_digests()) {
+            QVERIFY(EVP_MD_get_type(digest.get()) != 0);
+            names << QString::fromLatin1(EVP_MD_get0_name(digest.get()));
+        }
+        QVERIFY(names.contains(QStringLiteral("SHA2-256")));
+        QVERIFY(names.contains(QStringLiteral("SHAKE-128")));
+        QVERIFY(!names.contains(QStringLiteral("NULL")));
+    }
+
+    void xofOutputIsSixtyFourBytes()
+    {
+        const EvpMdPtr shake(EVP_MD_fetch(nullptr, "SHAKE-128", nullptr));
+        OnePassDigester digester({shake.get()});
+        const auto results = digester.finish();
+        // SHAKE128 of the empty message, first 64 bytes.
+        QCOMPARE(
+            QString::fromStdString(results.at(0).value_or("")),
+            QStringLiteral("7F9C2BA4E88F827D616045507605853ED73B8093F6EFBC88EB1A6EACFA66EF26"
+                           "3CB1EEA988004B93103CFB0AEEFD2A686E01FA4A58E8A3639CA8A1E3F9AE57E2"));
+    }
+
+    void unfinishableDigestGivesNothing()
+    {
+        const EvpMdPtr sha1(EVP_MD_fetch(nullptr, "SHA1", nullptr));
+        OnePassDigester digester({nullptr, sha1.get()});
+        digester.update(reinterpret_cast<const unsigned char*>("abc"), 3);
+        const auto results = digester.finish();
+        QVERIFY(!results.at(0).has_value());
+        QCOMPARE(results.at(1).value_or(""), "A9993E364706816ABA3E25717850C26C9CD0D89D");
+    }
+
+    void hexIsUpperCaseHighNibbleFirst()
+    {
+        const unsigned char bytes[] = {0x00, 0x0F, 0xF0, 0xAB, 0xFF};
+        QCOMPARE(upper_hex(bytes, sizeof(bytes)), "000FF0ABFF");
+        QCOMPARE(upper_hex(bytes, 0), "");
+    }
+
+    void unreadableFileRaises()
+    {
+        QVERIFY_THROWS_EXCEPTION(
+            std::system_error,
+            ChunkedFileReader(m_dir.filePath(QStringLiteral("gone")).toStdString()));
+        QVERIFY_THROWS_EXCEPTION(std::system_error,
+                                 file_size(m_dir.filePath(QStringLiteral("gone")).toStdString()));
+        OnePassDigester digester({});
+        // A folder opens but cannot be read.
+        QVERIFY_THROWS_EXCEPTION(std::system_error,
+                                 ChunkedFileReader(m_dir.path().toStdString()).feed(digester));
+    }
+};
+
+QTEST_GUILESS_MAIN(TestDigestEngine)
+#include "TestDigestEngine.moc"

@@ -1,0 +1,133 @@
+#include "ApplicationData.h"
+#include "Coroutines.h"
+#include "HResultError.h"
+#include "Package.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+#include <QPointF>
+#include <QRectF>
+#include <QSettings>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <new>
+#include <system_error>
+#include <thread>
+
+using namespace Zorvane;
+using namespace Qt::StringLiterals;
+
+class TestPlatform : public QObject
+{
+    Q_OBJECT
+
+    static QString manifestPath()
+    {
+        return QDir(QCoreApplication::applicationDirPath()).filePath(Package::ManifestRelativePath);
+    }
+
+private Q_SLOTS:
+    // The manifest sits where a program run from the build tree would look too:
+    // leave nothing behind.
+    void cleanup()
+    {
+        QFile::remove(manifestPath());
+        QDir().rmpath(QFileInfo(manifestPath()).path());
+    }
+
+    void packageIdentity_data()
+    {
+        QTest::addColumn<bool>("present");
+        QTest::addColumn<QByteArray>("content");
+        QTest::addColumn<bool>("noPackageIdentity");
+        QTest::newRow("no manifest: no identity") << false << QByteArray() << true;
+        QTest::newRow("empty manifest: no identity") << true << QByteArray("\n") << true;
+        QTest::newRow("installed")
+            << true << QByteArray("Halvertrix.Zorvane_m4kq8wzr2p7ny\n") << false;
+    }
+
+    void packageIdentity()
+    {
+        QFETCH(bool, present);
+        QFETCH(QByteArray, content);
+        QFETCH(bool, noPackageIdentity);
+        if (present) {
+            QVERIFY(QDir().mkpath(QFileInfo(manifestPath()).path()));
+            QFile manifest(manifestPath());
+            QVERIFY(manifest.open(QIODevice::WriteOnly));
+            manifest.write(content);
+        }
+        QCOMPARE(Package::DetectNoPackageIdentity(), noPackageIdentity);
+        if (noPackageIdentity) {
+            try {
+                Package::Current();
+                QFAIL("a missing identity must raise");
+            } catch (const HResultError& error) {
+                QCOMPARE(error.code(), HResult::NoPackage);
+            }
+        } else {
+            QCOMPARE(Package::Current(), Package::FamilyName);
+        }
+    }
+
+    void settingsKeepTypes()
+    {
+        QTemporaryDir dir;
+        const QString file = dir.filePath(u"LocalSettings.ini"_s);
+        const QVariantMap placement{{u"showCmd"_s, QVariant::fromValue(3u)},
+                                    {u"ptMinPosition"_s, QPointF(-1.5, 2)},
+                                    {u"rcNormalPosition"_s, QRectF(10.25, -20, 800, 600)}};
+        {
+            SettingsValues values(file);
+            values.Insert(u"WindowPlacement"_s, placement);
+            values.Insert(u"ChosenAlgorithms"_s, u"SHA1,MD5"_s);
+            values.Insert(u"Number"_s, 42);
+        }
+        const SettingsValues reread(file); // a new reader, from disk
+        QCOMPARE(reread.Lookup(u"WindowPlacement"_s), QVariant(placement));
+        QCOMPARE(reread.Lookup(u"WindowPlacement"_s).toMap().value(u"showCmd"_s).typeId(),
+                 QMetaType::UInt);
+        QCOMPARE(reread.Lookup(u"ChosenAlgorithms"_s).typeId(), QMetaType::QString);
+        QCOMPARE(reread.Lookup(u"Number"_s).typeId(), QMetaType::Int);
+        QVERIFY(!reread.Lookup(u"Missing"_s).isValid());
+
+        // A value typed into the file by hand reads as the text it is.
+        QSettings(file, QSettings::IniFormat).setValue(u"Hand"_s, u"MD5"_s);
+        QCOMPARE(reread.Lookup(u"Hand"_s), QVariant(u"MD5"_s));
+    }
+
+    void exceptionCodes()
+    {
+        const auto codeOf = [](auto thrower) {
+            try {
+                thrower();
+            } catch (...) {
+                return code_of_current_exception();
+            }
+            return 0u;
+        };
+        QCOMPARE(codeOf([] { throw HResultError(HResult::NoPackage); }), HResult::NoPackage);
+        QCOMPARE(codeOf([] { throw std::system_error(2, std::generic_category()); }), 0x80070002u);
+        QCOMPARE(codeOf([] { throw std::bad_alloc(); }), HResult::OutOfMemory);
+        QCOMPARE(codeOf([] { throw 7; }), HResult::Unexpected);
+    }
+
+    void uiContextOnlyOnTheUiThread()
+    {
+        static_cast<void>(UiContext::Capture());
+        bool raised = false;
+        std::thread([&] {
+            try {
+                static_cast<void>(UiContext::Capture());
+            } catch (const HResultError&) {
+                raised = true;
+            }
+        }).join();
+        QVERIFY(raised);
+    }
+};
+
+QTEST_GUILESS_MAIN(TestPlatform)
+#include "TestPlatform.moc"
