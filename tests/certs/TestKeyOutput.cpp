@@ -2,6 +2,8 @@
 #include "key_output.h"
 #include "ssl_error_category.h"
 
+#include <QFile>
+#include <QFileInfo>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -17,26 +19,37 @@ class TestKeyOutput : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void accessOfNewFiles_data()
+    void access_data()
     {
         QTest::addColumn<int>("access");
+        QTest::addColumn<bool>("existing");
         QTest::addColumn<unsigned>("expectedMode");
-        QTest::newRow("secret") << int(FileAccess::OwnerOnly) << 0600u;
-        QTest::newRow("public, as the umask leaves it") << int(FileAccess::Shared) << 0644u;
+        QTest::newRow("new secret") << int(FileAccess::OwnerOnly) << false << 0600u;
+        QTest::newRow("existing secret: truncated, restricted")
+            << int(FileAccess::OwnerOnly) << true << 0600u;
+        QTest::newRow("public, as the umask leaves it")
+            << int(FileAccess::Shared) << false << 0644u;
     }
 
-    void accessOfNewFiles()
+    void access()
     {
         QFETCH(int, access);
+        QFETCH(bool, existing);
         QFETCH(unsigned, expectedMode);
         QTemporaryDir dir;
         const QString path = dir.filePath(QStringLiteral("out"));
+        if (existing) {
+            QFile old(path);
+            QVERIFY(old.open(QIODevice::WriteOnly) && old.write(QByteArray(100, 'x')) == 100);
+            QVERIFY(old.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ReadOther));
+        }
         const mode_t oldMask = umask(022);
         {
             const BioPtr file = OpenOutputBio(path.toStdString(), FileAccess(access));
             QVERIFY(file);
             // Restricted before anything is written.
             QCOMPARE(fileMode(path), std::optional<unsigned>(expectedMode));
+            QCOMPARE(QFileInfo(path).size(), 0);
         }
         umask(oldMask);
     }

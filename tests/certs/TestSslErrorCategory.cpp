@@ -6,7 +6,6 @@
 #include <openssl/err.h>
 
 #include <cerrno>
-#include <thread>
 
 using namespace Zorvane;
 
@@ -63,28 +62,6 @@ private Q_SLOTS:
         QCOMPARE(second, first);
         // Nothing was taken off the queue: the older entry is still first.
         QCOMPARE(ERR_peek_error(), ERR_PACK(ERR_LIB_ASN1, 0, ASN1_R_TOO_LONG));
-    }
-
-    void queueIsPerThread()
-    {
-        ERR_raise(ERR_LIB_ASN1, ASN1_R_STRING_TOO_LONG);
-        int seenElsewhere = -1;
-        std::thread([&] { seenElsewhere = last_ssl_error().value(); }).join();
-        QCOMPARE(seenElsewhere, 0);
-        QVERIFY(last_ssl_error().value() != 0);
-    }
-
-    void thrownByValue()
-    {
-        ERR_raise(ERR_LIB_ASN1, ASN1_R_STRING_TOO_LONG);
-        try {
-            ssl_check(static_cast<void*>(nullptr));
-            QFAIL("a null result must raise");
-        } catch (const std::error_code& ec) {
-            QCOMPARE(QString::fromStdString(ec.message()), QStringLiteral("string too long"));
-        }
-        QCOMPARE(ssl_check(1), 1);
-        QVERIFY_THROWS_EXCEPTION(std::error_code, ssl_check(0));
     }
 };
 

@@ -1,5 +1,6 @@
 #include "ChecksumReport.h"
 #include "ChecksumSelection.h"
+#include "ChecksumTesting.h"
 #include "ChosenAlgorithms.h"
 #include "Clipboard.h"
 #include "OpenSslChecksumsViewModel.h"
@@ -14,19 +15,10 @@
 #include <memory>
 
 using namespace Zorvane;
+using namespace Zorvane::Testing;
 using namespace Qt::StringLiterals;
 
 namespace {
-
-QStringList names(const HashAlgoVector& vector)
-{
-    QStringList result;
-    for (const HashAlgo* algo : vector.items()) {
-        result << algo->ShortName();
-    }
-    return result;
-}
-
 QStringList checkedNames(const OpenSslChecksumsViewModel& viewModel)
 {
     QStringList result;
@@ -37,17 +29,6 @@ QStringList checkedNames(const OpenSslChecksumsViewModel& viewModel)
     }
     return result;
 }
-
-HashAlgo* find(const OpenSslChecksumsViewModel& viewModel, const QString& name)
-{
-    for (HashAlgo* algo : viewModel.AvailableHashAlgos()->items()) {
-        if (algo->ShortName() == name) {
-            return algo;
-        }
-    }
-    return nullptr;
-}
-
 } // namespace
 
 class TestChecksumModel : public QObject
@@ -89,17 +70,6 @@ private Q_SLOTS:
         const HashAlgo* sha256 = find(viewModel, u"SHA2-256"_s);
         QVERIFY(sha256 && sha256->digest());
         QCOMPARE(sha256->Description(), u"sha256"_s);
-    }
-
-    void fileSizeRaisesOnlyOnChange()
-    {
-        OpenSslChecksumsViewModel viewModel;
-        QSignalSpy spy(&viewModel, &OpenSslChecksumsViewModel::FileSizeChanged);
-        viewModel.setFileSize(-1);
-        viewModel.setFileSize(10);
-        viewModel.setFileSize(10);
-        viewModel.setFileSize(-1);
-        QCOMPARE(spy.count(), 2);
     }
 
     void selectionRules()

@@ -1,5 +1,6 @@
 #include "ChecksumRun.h"
 #include "ChecksumSelection.h"
+#include "ChecksumTesting.h"
 #include "OpenSslChecksumsViewModel.h"
 #include "OpenSslReader.h"
 
@@ -16,6 +17,7 @@
 #include <memory>
 
 using namespace Zorvane;
+using namespace Zorvane::Testing;
 using namespace Qt::StringLiterals;
 
 // Stands in for the checksum page: a "state" the run switches, a picked file,
@@ -57,16 +59,6 @@ namespace {
 bool waitForNormal(FakeChecksumPage& page, int runs = 1)
 {
     return QTest::qWaitFor([&] { return page.states.count(u"Normal"_s) >= runs; }, 60000);
-}
-
-HashAlgo* find(OpenSslChecksumsViewModel& viewModel, const QString& name)
-{
-    for (HashAlgo* algo : viewModel.AvailableHashAlgos()->items()) {
-        if (algo->ShortName() == name) {
-            return algo;
-        }
-    }
-    return nullptr;
 }
 
 } // namespace

@@ -1,5 +1,4 @@
 #include "ApplicationData.h"
-#include "Coroutines.h"
 #include "HResultError.h"
 #include "Package.h"
 
@@ -11,10 +10,6 @@
 #include <QSettings>
 #include <QTemporaryDir>
 #include <QTest>
-
-#include <new>
-#include <system_error>
-#include <thread>
 
 using namespace Zorvane;
 using namespace Qt::StringLiterals;
@@ -96,36 +91,6 @@ private Q_SLOTS:
         // A value typed into the file by hand reads as the text it is.
         QSettings(file, QSettings::IniFormat).setValue(u"Hand"_s, u"MD5"_s);
         QCOMPARE(reread.Lookup(u"Hand"_s), QVariant(u"MD5"_s));
-    }
-
-    void exceptionCodes()
-    {
-        const auto codeOf = [](auto thrower) {
-            try {
-                thrower();
-            } catch (...) {
-                return code_of_current_exception();
-            }
-            return 0u;
-        };
-        QCOMPARE(codeOf([] { throw HResultError(HResult::NoPackage); }), HResult::NoPackage);
-        QCOMPARE(codeOf([] { throw std::system_error(2, std::generic_category()); }), 0x80070002u);
-        QCOMPARE(codeOf([] { throw std::bad_alloc(); }), HResult::OutOfMemory);
-        QCOMPARE(codeOf([] { throw 7; }), HResult::Unexpected);
-    }
-
-    void uiContextOnlyOnTheUiThread()
-    {
-        static_cast<void>(UiContext::Capture());
-        bool raised = false;
-        std::thread([&] {
-            try {
-                static_cast<void>(UiContext::Capture());
-            } catch (const HResultError&) {
-                raised = true;
-            }
-        }).join();
-        QVERIFY(raised);
     }
 };
 

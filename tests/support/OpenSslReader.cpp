@@ -1,5 +1,6 @@
 #include "OpenSslReader.h"
 
+#include <QDir>
 #include <QFile>
 #include <QProcess>
 
@@ -107,6 +108,15 @@ qint64 validitySeconds(const X509* certificate)
         return -1;
     }
     return qint64(days) * 86400 + seconds;
+}
+
+QStringList filesIn(const QString& folder)
+{
+    QStringList files;
+    for (const QFileInfo& info : QDir(folder).entryInfoList(QDir::Files, QDir::Name)) {
+        files << QStringLiteral("%1:%2").arg(info.fileName()).arg(info.size());
+    }
+    return files;
 }
 
 std::optional<unsigned> fileMode(const QString& path)

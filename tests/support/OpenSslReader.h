@@ -28,6 +28,9 @@ QStringList requestExtensions(const X509_REQ* request);
 // Seconds from not-before to not-after.
 qint64 validitySeconds(const X509* certificate);
 
+// "name:size" of every file in a folder, sorted by name.
+QStringList filesIn(const QString& folder);
+
 // Permission bits of a file, or nothing when it does not exist.
 std::optional<unsigned> fileMode(const QString& path);
 
