@@ -1,9 +1,7 @@
-#include "ProductIdentity.h"
+#include "App.h"
 
 #include <QGuiApplication>
-#include <QQmlApplicationEngine>
-#include <QQuickWindow>
-#include <QUrl>
+#include <QQuickStyle>
 #include <QtQml/qqmlextensionplugin.h>
 
 Q_IMPORT_QML_PLUGIN(ZorvanePlugin)
@@ -11,19 +9,11 @@ Q_IMPORT_QML_PLUGIN(ZorvanePlugin)
 int main(int argc, char* argv[])
 {
     // The command line is not read; Qt only needs to see it.
-    QGuiApplication app(argc, argv);
-    QGuiApplication::setApplicationName(Zorvane::ProductIdentity::ShortName);
-    QGuiApplication::setApplicationVersion(Zorvane::ProductIdentity::ProductVersion);
-    QGuiApplication::setOrganizationName(Zorvane::ProductIdentity::CompanyName);
+    QGuiApplication application(argc, argv);
+    QQuickStyle::setStyle(QStringLiteral("Fusion"));
 
-    QQmlApplicationEngine engine;
-    engine.load(QUrl(QStringLiteral("qrc:/Zorvane/shell/MainWindow.qml")));
-    if (engine.rootObjects().isEmpty()) {
-        return 1;
-    }
-    if (auto* window = qobject_cast<QQuickWindow*>(engine.rootObjects().constFirst())) {
-        window->setTitle(Zorvane::ProductIdentity::ProductName);
-    }
+    Zorvane::App app;
+    app.OnLaunched();
     QGuiApplication::exec();
     return 0;
 }

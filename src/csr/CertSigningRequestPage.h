@@ -1,0 +1,28 @@
+#pragma once
+
+#include "CertSigningRequestViewModel.h"
+
+#include <QQuickItem>
+#include <QtQml/qqmlregistration.h>
+
+namespace Zorvane {
+
+// The request page. Its layout is the markup CertSigningRequestPage.qml, loaded at run
+// time; the page owns its view model for its whole life.
+class CertSigningRequestPage : public QQuickItem
+{
+    Q_OBJECT
+    QML_ELEMENT
+
+    Q_PROPERTY(Zorvane::CertSigningRequestViewModel* ViewModel READ ViewModel CONSTANT)
+
+public:
+    explicit CertSigningRequestPage(QQuickItem* parent = nullptr);
+
+    CertSigningRequestViewModel* ViewModel() const { return m_viewModel; }
+
+private:
+    CertSigningRequestViewModel* m_viewModel;
+};
+
+} // namespace Zorvane

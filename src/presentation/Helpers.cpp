@@ -1,0 +1,158 @@
+#include "Helpers.h"
+
+#include "ProductIdentity.h"
+
+#include <QJSEngine>
+#include <QLocale>
+
+#include <fmt/format.h>
+#include <fmt/xchar.h>
+
+#include <clocale>
+#include <locale>
+#include <stdexcept>
+
+namespace Zorvane {
+
+namespace {
+
+bool isNull(const QVariant& state)
+{
+    return !state.isValid() || state.isNull();
+}
+
+// "ll-CC" from a locale, or the bare name where it has no country (the C locale).
+QString hyphenatedName(const QLocale& locale)
+{
+    const QString language = QLocale::languageToCode(locale.language());
+    const QString country = QLocale::territoryToCode(locale.territory());
+    if (locale.language() == QLocale::C || country.isEmpty()) {
+        return language;
+    }
+    return language + QLatin1Char('-') + country;
+}
+
+// Computed once, before main, and read only afterwards.
+const QString systemRegion = QLocale::territoryToCode(QLocale::system().territory());
+const QString systemLocaleName = hyphenatedName(QLocale::system());
+const QString userLocaleName =
+    hyphenatedName(QLocale(QString::fromLatin1(std::setlocale(LC_CTYPE, nullptr))));
+
+// The runtime's own spelling of a hyphenated name: "en-GB" is "en_GB.UTF-8".
+std::locale runtimeLocale(const QString& name)
+{
+    QStringList candidates{name};
+    if (name.contains(QLatin1Char('-'))) {
+        const QString underscored = QString(name).replace(QLatin1Char('-'), QLatin1Char('_'));
+        candidates = {underscored + QStringLiteral(".UTF-8"), underscored, name};
+    }
+    for (const QString& candidate : candidates) {
+        try {
+            return std::locale(candidate.toUtf8().toStdString());
+        } catch (const std::runtime_error&) {
+            continue;
+        }
+    }
+    throw std::runtime_error("bad locale name");
+}
+
+} // namespace
+
+Helpers::Helpers(QObject* parent) : QObject(parent) {}
+
+Helpers* Helpers::create(QQmlEngine*, QJSEngine*)
+{
+    return new Helpers;
+}
+
+QString Helpers::SystemRegion()
+{
+    return systemRegion;
+}
+
+QString Helpers::SystemLocaleName()
+{
+    return systemLocaleName;
+}
+
+QString Helpers::UserLocaleName()
+{
+    return userLocaleName;
+}
+
+quint32 Helpers::ReleaseYear()
+{
+    return ProductIdentity::ReleaseYear;
+}
+
+QString Helpers::CompanyName()
+{
+    return ProductIdentity::CompanyName;
+}
+
+QString Helpers::ProductName()
+{
+    return ProductIdentity::ProductName;
+}
+
+QString Helpers::ShortName()
+{
+    return ProductIdentity::ShortName;
+}
+
+QString Helpers::ProductVersion()
+{
+    return ProductIdentity::ProductVersion;
+}
+
+int Helpers::BooleanToVisibility(const QVariant& state) const
+{
+    const bool visible = isNull(state) || state.toBool();
+    return int(visible ? Visibility::Visible : Visibility::Collapsed);
+}
+
+int Helpers::InverseBooleanToVisibility(const QVariant& state) const
+{
+    const bool visible = !isNull(state) && !state.toBool();
+    return int(visible ? Visibility::Visible : Visibility::Collapsed);
+}
+
+int Helpers::StringToVisibility(const QString& text) const
+{
+    return int(text.isEmpty() ? Visibility::Collapsed : Visibility::Visible);
+}
+
+QString Helpers::FormatString(const QString& format, const QString& value,
+                              const QString& localeName) const
+{
+    if (format.isEmpty()) {
+        return value;
+    }
+    try {
+        const std::locale locale =
+            localeName.isEmpty() ? std::locale::classic() : runtimeLocale(localeName);
+        const std::wstring pattern = format.toStdWString();
+        const std::wstring argument = value.toStdWString();
+        const std::wstring text = fmt::vformat(locale, pattern, fmt::make_wformat_args(argument));
+        return QString::fromStdWString(text);
+    } catch (const std::exception& error) {
+        // An exception must not cross the QML engine: in a binding it becomes
+        // the binding's error.
+        if (QJSEngine* engine = qjsEngine(this)) {
+            engine->throwError(QString::fromUtf8(error.what()));
+            return {};
+        }
+        throw;
+    }
+}
+
+QString Helpers::TriStateText(const QVariant& state, const QString& whenNull,
+                              const QString& whenTrue, const QString& whenFalse) const
+{
+    if (isNull(state)) {
+        return whenNull;
+    }
+    return state.toBool() ? whenTrue : whenFalse;
+}
+
+} // namespace Zorvane

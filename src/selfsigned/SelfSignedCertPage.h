@@ -1,0 +1,28 @@
+#pragma once
+
+#include "SelfSignedCertViewModel.h"
+
+#include <QQuickItem>
+#include <QtQml/qqmlregistration.h>
+
+namespace Zorvane {
+
+// The self-signed page. Its layout is the markup SelfSignedCertPage.qml, loaded at run
+// time; the page owns its view model for its whole life.
+class SelfSignedCertPage : public QQuickItem
+{
+    Q_OBJECT
+    QML_ELEMENT
+
+    Q_PROPERTY(Zorvane::SelfSignedCertViewModel* ViewModel READ ViewModel CONSTANT)
+
+public:
+    explicit SelfSignedCertPage(QQuickItem* parent = nullptr);
+
+    SelfSignedCertViewModel* ViewModel() const { return m_viewModel; }
+
+private:
+    SelfSignedCertViewModel* m_viewModel;
+};
+
+} // namespace Zorvane

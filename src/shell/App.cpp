@@ -1,0 +1,46 @@
+#include "App.h"
+
+#include "MainWindow.h"
+#include "Package.h"
+
+#include <QQmlEngine>
+#include <QQuickWindow>
+
+namespace Zorvane {
+
+namespace {
+App* current = nullptr;
+}
+
+App::App()
+    : m_engine(std::make_unique<QQmlEngine>()),
+      m_noPackageIdentity(Package::DetectNoPackageIdentity())
+{
+    current = this;
+}
+
+App::~App()
+{
+    m_window.reset(); // before the engine that made it
+    if (current == this) {
+        current = nullptr;
+    }
+}
+
+App* App::Current()
+{
+    return current;
+}
+
+void App::OnLaunched()
+{
+    m_window = std::make_unique<MainWindow>(*m_engine);
+    m_window->Activate();
+}
+
+QWindow* App::MainWindowHandle() const
+{
+    return m_window ? m_window->Window() : nullptr;
+}
+
+} // namespace Zorvane

@@ -1,0 +1,44 @@
+#pragma once
+
+#include <QObject>
+
+#include <memory>
+
+class QQmlEngine;
+class QWindow;
+
+namespace Zorvane {
+
+class MainWindow;
+
+// The application object: the QML engine, the one window, and whether the
+// process has a package identity (without one nothing is stored).
+class App : public QObject
+{
+    Q_OBJECT
+
+public:
+    App();
+    ~App() override;
+
+    // The one App of the process.
+    static App* Current();
+
+    // Fixed in the constructor, before any window exists.
+    bool NoPackageIdentity() const { return m_noPackageIdentity; }
+
+    // Makes the main window and shows it.
+    void OnLaunched();
+
+    // The main window, owner of the file dialogs; for use after OnLaunched.
+    QWindow* MainWindowHandle() const;
+    MainWindow* Window() const { return m_window.get(); }
+    QQmlEngine& Engine() const { return *m_engine; }
+
+private:
+    std::unique_ptr<QQmlEngine> m_engine;
+    std::unique_ptr<MainWindow> m_window;
+    bool m_noPackageIdentity = false;
+};
+
+} // namespace Zorvane

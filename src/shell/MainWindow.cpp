@@ -1,0 +1,171 @@
+#include "MainWindow.h"
+
+#include "EventHandler.h"
+#include "HResultError.h"
+#include "NavigationView.h"
+#include "NavigationViewItem.h"
+#include "PageFrame.h"
+#include "ProductIdentity.h"
+
+#include <QQmlComponent>
+#include <QQmlEngine>
+#include <QQuickWindow>
+
+namespace Zorvane {
+
+namespace {
+
+QString requireString(const QVariant& value)
+{
+    if (value.typeId() != QMetaType::QString) {
+        throw HResultError(HResult::NoInterface);
+    }
+    return value.toString();
+}
+
+template <class T>
+T* requireChild(QObject* root, const char* name)
+{
+    T* child = root->findChild<T*>(QLatin1String(name));
+    if (child == nullptr) {
+        throw HResultError(HResult::NoInterface, std::string("missing element ") + name);
+    }
+    return child;
+}
+
+} // namespace
+
+QStringList SplitSearchText(const QString& text)
+{
+    QStringList tokens;
+    if (text.isEmpty()) {
+        return tokens;
+    }
+    QString current;
+    for (const QChar c : text) {
+        const char16_t unit = c.unicode();
+        // isspace in the C locale: blank, tab, line feed, vertical tab, form feed, return.
+        if (unit == u' ' || (unit >= u'\t' && unit <= u'\r')) {
+            tokens << current;
+            current.clear();
+        } else {
+            current += c;
+        }
+    }
+    tokens << current;
+    return tokens;
+}
+
+bool MatchesAnyToken(const QStringList& tokens, const QString& label)
+{
+    for (const QString& token : tokens) {
+        if (!token.isEmpty() && label.contains(token, Qt::CaseInsensitive)) {
+            return true;
+        }
+    }
+    return false;
+}
+
+MainWindow::MainWindow(QQmlEngine& engine, QObject* parent) : QObject(parent)
+{
+    InitializeComponent(engine);
+    m_window->setTitle(ProductIdentity::ProductName);
+    connect(m_contentFrame, &PageFrame::NavigationFailed, this,
+            [this](const QString& type) { RunHandler([&] { OnNavigationFailed(type); }); });
+}
+
+MainWindow::~MainWindow() = default;
+
+void MainWindow::InitializeComponent(QQmlEngine& engine)
+{
+    QQmlComponent component(&engine, QUrl(QStringLiteral("qrc:/Zorvane/shell/MainWindow.qml")));
+    std::unique_ptr<QObject> root(component.create());
+    auto* window = qobject_cast<QQuickWindow*>(root.get());
+    if (window == nullptr) {
+        throw HResultError(HResult::Unexpected, component.errorString().toStdString());
+    }
+    root.release();
+    m_window.reset(window);
+    Connect();
+}
+
+void MainWindow::Connect()
+{
+    m_navView = requireChild<NavigationView>(m_window.get(), "NavView");
+    m_contentFrame = requireChild<PageFrame>(m_window.get(), "ContentFrame");
+    m_searchBox = requireChild<QQuickItem>(m_window.get(), "SearchBox");
+
+    connect(m_navView, &NavigationView::Loaded, this,
+            [this] { RunHandler([&] { OnNavViewLoaded(); }); });
+    connect(m_navView, &NavigationView::SelectionChanged, this,
+            [this](QObject* item) { RunHandler([&] { OnNavSelectionChanged(item); }); });
+    // textEdited comes only from the user's typing; a change made by code
+    // does not reach the filter.
+    connect(m_searchBox, SIGNAL(textEdited()), this, SLOT(searchTextEdited()));
+}
+
+void MainWindow::Activate()
+{
+    m_window->show();
+    m_window->requestActivate();
+}
+
+void MainWindow::searchTextEdited()
+{
+    RunHandler([&] { OnSearchTextChanged(UserInput); });
+}
+
+void MainWindow::OnNavViewLoaded()
+{
+    const QList<QQuickItem*>& items = m_navView->MenuItems();
+    if (items.size() < 2) {
+        throw HResultError(HResult::Unexpected, "no page entry at index 1");
+    }
+    // The first page is the entry after the heading; no earlier choice is remembered.
+    if (auto* first = qobject_cast<NavigationViewItem*>(items.at(1))) {
+        m_navView->setSelectedItem(first);
+    }
+}
+
+void MainWindow::OnNavSelectionChanged(QObject* selectedItem)
+{
+    auto* item = qobject_cast<NavigationViewItem*>(selectedItem);
+    if (item == nullptr) {
+        return;
+    }
+    const QString pageType = requireString(item->Tag());
+    if (pageType == m_contentFrame->CurrentSourcePageType()) {
+        return;
+    }
+    m_contentFrame->Navigate(pageType);
+
+    QObject* header = m_navView->Header();
+    if (header == nullptr || header->metaObject()->indexOfProperty("text") < 0) {
+        throw HResultError(HResult::NoInterface);
+    }
+    header->setProperty("text", requireString(item->Content()));
+}
+
+void MainWindow::OnSearchTextChanged(int reason)
+{
+    if (reason != UserInput) {
+        return;
+    }
+    const QStringList tokens = SplitSearchText(m_searchBox->property("text").toString());
+    for (QQuickItem* entry : m_navView->MenuItems()) {
+        auto* item = qobject_cast<NavigationViewItem*>(entry);
+        if (item == nullptr) {
+            continue; // a heading is never hidden
+        }
+        item->setVisible(tokens.isEmpty() ||
+                         MatchesAnyToken(tokens, requireString(item->Content())));
+    }
+}
+
+void MainWindow::OnNavigationFailed(const QString& sourcePageType)
+{
+    // Swallowed on purpose: nothing is shown and the previous page stays.
+    static_cast<void>(sourcePageType);
+}
+
+} // namespace Zorvane
