@@ -128,6 +128,7 @@ ApplicationWindow {
         Rectangle {
             id: pane
 
+            objectName: "NavPane"
             z: 2
             width: 280
             height: parent.height

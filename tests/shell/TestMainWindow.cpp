@@ -1,0 +1,245 @@
+#include "ActivationFactory.h"
+#include "App.h"
+#include "HResultError.h"
+#include "MainWindow.h"
+#include "NavigationView.h"
+#include "NavigationViewItem.h"
+#include "PageFrame.h"
+#include "SelfSignedCertPage.h"
+
+#include <QQuickItem>
+#include <QQuickWindow>
+#include <QSignalSpy>
+#include <QTest>
+#include <QtQml/qqmlextensionplugin.h>
+
+#include <memory>
+
+Q_IMPORT_QML_PLUGIN(ZorvanePlugin)
+
+using namespace Zorvane;
+using namespace Qt::StringLiterals;
+
+// The real window, loaded offscreen and driven by mouse and keys.
+class TestMainWindow : public QObject
+{
+    Q_OBJECT
+
+    std::unique_ptr<App> m_app;
+    QQuickWindow* m_window = nullptr;
+    NavigationView* m_navView = nullptr;
+    PageFrame* m_frame = nullptr;
+    QQuickItem* m_searchBox = nullptr;
+
+    template <class T = QQuickItem>
+    T* named(const char* name) const
+    {
+        return m_window->findChild<T*>(QLatin1String(name));
+    }
+
+    NavigationViewItem* entry(int index) const
+    {
+        return qobject_cast<NavigationViewItem*>(m_navView->MenuItems().at(index));
+    }
+
+    QString headerText() const { return m_navView->Header()->property("text").toString(); }
+
+    void click(QQuickItem* item)
+    {
+        const QPointF centre = item->mapToScene(QPointF(item->width() / 2, item->height() / 2));
+        QTest::mouseClick(m_window, Qt::LeftButton, {}, centre.toPoint());
+    }
+
+    QList<bool> entriesShown() const
+    {
+        QList<bool> shown;
+        for (QQuickItem* item : m_navView->MenuItems()) {
+            shown << item->isVisible();
+        }
+        return shown;
+    }
+
+private Q_SLOTS:
+    void initTestCase()
+    {
+        m_app = std::make_unique<App>();
+        QVERIFY(m_app->NoPackageIdentity()); // a test binary has no installed manifest
+        m_app->OnLaunched();
+        m_window = qobject_cast<QQuickWindow*>(m_app->MainWindowHandle());
+        QVERIFY(m_window);
+        QVERIFY(QTest::qWaitForWindowExposed(m_window));
+        m_navView = named<NavigationView>("NavView");
+        m_frame = named<PageFrame>("ContentFrame");
+        m_searchBox = named("SearchBox");
+        QVERIFY(m_navView && m_frame && m_searchBox);
+        QTRY_VERIFY(m_frame->Content() != nullptr);
+    }
+
+    void cleanupTestCase() { m_app.reset(); }
+
+    void firstPageAtStart()
+    {
+        QCOMPARE(m_window->title(), u"Halvertrix Zorvane"_s);
+        QCOMPARE(m_navView->SelectedItem(), entry(1));
+        QCOMPARE(m_frame->CurrentSourcePageType(), u"Zorvane.SelfSignedCertPage"_s);
+        auto* page = qobject_cast<SelfSignedCertPage*>(m_frame->Content());
+        QVERIFY(page && page->ViewModel());
+        QCOMPARE(headerText(), u"Self-Signed Certificate"_s);
+        QCOMPARE(named("YearRun")->property("text").toString(), u"2025"_s);
+        QCOMPARE(named("CompanyRun")->property("text").toString(),
+                 u"Halvertrix Technologies Limited"_s);
+        QVERIFY(!m_navView->IsSettingsVisible());
+    }
+
+    void navigationMakesANewPageEachTime()
+    {
+        const QPointer<QQuickItem> first = m_frame->Content();
+        click(entry(3));
+        QCOMPARE(m_frame->CurrentSourcePageType(), u"Zorvane.OpenSslChecksumsPage"_s);
+        QCOMPARE(headerText(), u"File Checksums"_s);
+        QVERIFY(entry(3)->IsSelected() && !entry(1)->IsSelected());
+
+        click(entry(1));
+        QCOMPARE(m_frame->CurrentSourcePageType(), u"Zorvane.SelfSignedCertPage"_s);
+        QTRY_VERIFY(first.isNull()); // the old page went, a new one came
+        QVERIFY(m_frame->Content() != nullptr);
+    }
+
+    void choosingThePageOnShowDoesNothing()
+    {
+        const QQuickItem* page = m_frame->Content();
+        m_navView->Header()->setProperty("text", u"unchanged"_s);
+        QSignalSpy navigated(m_frame, &PageFrame::Navigated);
+        m_app->Window()->OnNavSelectionChanged(entry(1));
+        QCOMPARE(navigated.count(), 0);
+        QCOMPARE(m_frame->Content(), page);
+        QCOMPARE(headerText(), u"unchanged"_s);
+        m_navView->Header()->setProperty("text", u"Self-Signed Certificate"_s);
+    }
+
+    void failedNavigationKeepsThePage()
+    {
+        const QQuickItem* page = m_frame->Content();
+        QSignalSpy failed(m_frame, &PageFrame::NavigationFailed);
+        QVERIFY(!m_frame->Navigate(u"Zorvane.NoSuchPage"_s));
+        QCOMPARE(failed.count(), 1);
+        QCOMPARE(m_frame->Content(), page);
+    }
+
+    void filter_data()
+    {
+        QTest::addColumn<QString>("typed");
+        QTest::addColumn<QList<bool>>("shown"); // heading, then the three pages
+
+        QTest::newRow("one word, any case") << u"CERT"_s << QList<bool>{true, true, true, false};
+        QTest::newRow("either of two words")
+            << u"request file"_s << QList<bool>{true, false, true, true};
+        QTest::newRow("trailing blank changes nothing")
+            << u"cert "_s << QList<bool>{true, true, true, false};
+        QTest::newRow("only a blank hides all pages")
+            << u" "_s << QList<bool>{true, false, false, false};
+        QTest::newRow("no match") << u"zzz"_s << QList<bool>{true, false, false, false};
+    }
+
+    void filter()
+    {
+        QFETCH(QString, typed);
+        QFETCH(QList<bool>, shown);
+        m_searchBox->forceActiveFocus();
+        m_searchBox->setProperty("text", QString()); // by code: no filtering
+        for (const QChar c : typed) {
+            QTest::keyClick(m_window, c.toLatin1());
+        }
+        QCOMPARE(entriesShown(), shown);
+
+        // Emptying the box by typing shows every entry again.
+        for (qsizetype i = 0; i < typed.size(); ++i) {
+            QTest::keyClick(m_window, Qt::Key_Backspace);
+        }
+        QCOMPARE(entriesShown(), (QList<bool>{true, true, true, true}));
+    }
+
+    void textSetByCodeDoesNotFilter()
+    {
+        m_searchBox->setProperty("text", u"zzz"_s);
+        QCOMPARE(entriesShown(), (QList<bool>{true, true, true, true}));
+        m_searchBox->setProperty("text", QString());
+    }
+
+    void paneToggleShowsWhilePaneIsClosed()
+    {
+        QVERIFY(m_navView->IsPaneOpen());
+        QVERIFY(!m_navView->IsPaneToggleButtonVisible());
+        m_window->resize(800, 600);
+        QTRY_VERIFY(!m_navView->IsPaneOpen());
+        QVERIFY(m_navView->IsPaneToggleButtonVisible());
+        QQuickItem* toggle = named("PaneToggleButton");
+        QTRY_VERIFY(toggle->isVisible() && toggle->width() > 0);         // laid out
+        QTRY_VERIFY(named("NavPane")->x() < -named("NavPane")->width()); // slid away
+        click(toggle);
+        QVERIFY(m_navView->IsPaneOpen());
+        QVERIFY(!m_navView->IsPaneToggleButtonVisible());
+        m_window->resize(1100, 720);
+        QTRY_VERIFY(m_navView->IsPaneOpen());
+    }
+
+    void keyboardReachesTheEntries()
+    {
+        m_searchBox->forceActiveFocus();
+        QTest::keyClick(m_window, Qt::Key_Tab);
+        QCOMPARE(m_window->activeFocusItem(), entry(1));
+        QTest::keyClick(m_window, Qt::Key_Tab);
+        QCOMPARE(m_window->activeFocusItem(), entry(2));
+        QTest::keyClick(m_window, Qt::Key_Return);
+        QCOMPARE(m_frame->CurrentSourcePageType(), u"Zorvane.CertSigningRequestPage"_s);
+    }
+
+    void activationByName_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<quint32>("code"); // 0: made
+        QTest::newRow("view model") << u"Zorvane.SelfSignedCertViewModel"_s << 0u;
+        QTest::newRow("converter") << u"Zorvane.InverseBooleanToVisibilityConverter"_s << 0u;
+        QTest::newRow("static class") << u"Zorvane.Helpers"_s << HResult::NotImplemented;
+        QTest::newRow("unknown") << u"Zorvane.Nothing"_s << HResult::ClassNotAvailable;
+        QTest::newRow("case matters") << u"zorvane.helpers"_s << HResult::ClassNotAvailable;
+    }
+
+    void activationByName()
+    {
+        QFETCH(QString, name);
+        QFETCH(quint32, code);
+        try {
+            const std::unique_ptr<QObject> made(
+                ActivationFactory::ActivateInstance(m_app->Engine(), name));
+            QCOMPARE(code, 0u);
+            QVERIFY(made);
+        } catch (const HResultError& error) {
+            QCOMPARE(error.code(), code);
+        }
+    }
+
+    void searchWords_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<QStringList>("tokens");
+        QTest::newRow("empty") << QString() << QStringList{};
+        QTest::newRow("two blanks keep an empty word")
+            << u"a  b"_s << QStringList{u"a"_s, QString(), u"b"_s};
+        QTest::newRow("tab and line end separate")
+            << u"a\tb\n"_s << QStringList{u"a"_s, u"b"_s, QString()};
+        QTest::newRow("a lone blank is two empty words")
+            << u" "_s << QStringList{QString(), QString()};
+    }
+
+    void searchWords()
+    {
+        QFETCH(QString, text);
+        QFETCH(QStringList, tokens);
+        QCOMPARE(SplitSearchText(text), tokens);
+        QVERIFY(!MatchesAnyToken({QString()}, u"anything"_s));
+    }
+};
+
+QTEST_MAIN(TestMainWindow)
+#include "TestMainWindow.moc"
