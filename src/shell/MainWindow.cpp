@@ -1,12 +1,16 @@
 #include "MainWindow.h"
 
+#include "App.h"
+#include "ApplicationData.h"
 #include "EventHandler.h"
 #include "HResultError.h"
 #include "NavigationView.h"
 #include "NavigationViewItem.h"
 #include "PageFrame.h"
 #include "ProductIdentity.h"
+#include "WindowPlacement.h"
 
+#include <QEvent>
 #include <QQmlComponent>
 #include <QQmlEngine>
 #include <QQuickWindow>
@@ -69,9 +73,62 @@ bool MatchesAnyToken(const QStringList& tokens, const QString& label)
 MainWindow::MainWindow(QQmlEngine& engine, QObject* parent) : QObject(parent)
 {
     InitializeComponent(engine);
+    m_normalGeometry = m_window->geometry();
+    LoadSettingsAsync();
     m_window->setTitle(ProductIdentity::ProductName);
+    for (auto signal : {&QWindow::xChanged, &QWindow::yChanged, &QWindow::widthChanged,
+                        &QWindow::heightChanged}) {
+        connect(m_window.get(), signal, this, &MainWindow::trackNormalGeometry);
+    }
+    connect(m_window.get(), &QWindow::windowStateChanged, this, &MainWindow::trackNormalGeometry);
+    m_window->installEventFilter(this);
     connect(m_contentFrame, &PageFrame::NavigationFailed, this,
             [this](const QString& type) { RunHandler([&] { OnNavigationFailed(type); }); });
+}
+
+bool MainWindow::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched == m_window.get() && event->type() == QEvent::Close) {
+        RunHandler([&] { TeardownOnClosed(); });
+    }
+    return QObject::eventFilter(watched, event);
+}
+
+void MainWindow::trackNormalGeometry()
+{
+    if (m_window->windowStates() == Qt::WindowNoState) {
+        m_normalGeometry = m_window->geometry();
+    }
+}
+
+FireAndForget MainWindow::LoadSettingsAsync()
+{
+    const App* app = App::Current();
+    if (app == nullptr || app->NoPackageIdentity()) {
+        co_return;
+    }
+    // The store settles asynchronously; the placement lands after the window
+    // has first been shown, from the event loop.
+    co_await UiContext::Capture();
+    const SettingsValues values = ApplicationData::Current().LocalSettingsValues();
+    ReadPlacement(values, m_window.get(), m_normalGeometry);
+}
+
+void MainWindow::SaveWindowPlacement()
+{
+    const App* app = App::Current();
+    if (app == nullptr || app->NoPackageIdentity()) {
+        return;
+    }
+    SettingsValues values = ApplicationData::Current().LocalSettingsValues();
+    WritePlacement(values, m_window.get(), m_normalGeometry);
+}
+
+void MainWindow::TeardownOnClosed()
+{
+    SaveWindowPlacement();
+    // No backdrop controller or dispatcher queue exists on this platform, so
+    // there is nothing further to close.
 }
 
 MainWindow::~MainWindow() = default;

@@ -1,7 +1,10 @@
 #pragma once
 
+#include "Coroutines.h"
+
 #include <QObject>
 #include <QPointer>
+#include <QRect>
 #include <QStringList>
 
 #include <memory>
@@ -41,7 +44,21 @@ public:
     void OnSearchTextChanged(int reason);
     void OnNavigationFailed(const QString& sourcePageType);
 
+    // Applies the saved placement a little after start, when the process has
+    // a package identity.
+    FireAndForget LoadSettingsAsync();
+    // Saves the placement, when the process has a package identity.
+    void SaveWindowPlacement();
+    // At close: the placement first, then the backdrop (which this platform lacks).
+    void TeardownOnClosed();
+
+    // The geometry of the normal state, kept while the window is maximised.
+    QRect NormalGeometry() const { return m_normalGeometry; }
+
     static constexpr int UserInput = 0;
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private Q_SLOTS:
     void searchTextEdited();
@@ -49,11 +66,13 @@ private Q_SLOTS:
 private:
     void InitializeComponent(QQmlEngine& engine);
     void Connect();
+    void trackNormalGeometry();
 
     std::unique_ptr<QQuickWindow> m_window;
     QPointer<NavigationView> m_navView;
     QPointer<PageFrame> m_contentFrame;
     QPointer<QQuickItem> m_searchBox;
+    QRect m_normalGeometry;
 };
 
 } // namespace Zorvane

@@ -1,5 +1,6 @@
 #include "ActivationFactory.h"
 #include "App.h"
+#include "ApplicationData.h"
 #include "HResultError.h"
 #include "MainWindow.h"
 #include "NavigationView.h"
@@ -7,9 +8,11 @@
 #include "PageFrame.h"
 #include "SelfSignedCertPage.h"
 
+#include <QFile>
 #include <QQuickItem>
 #include <QQuickWindow>
 #include <QSignalSpy>
+#include <QStandardPaths>
 #include <QTest>
 #include <QtQml/qqmlextensionplugin.h>
 
@@ -62,6 +65,8 @@ class TestMainWindow : public QObject
 private Q_SLOTS:
     void initTestCase()
     {
+        QStandardPaths::setTestModeEnabled(true);
+        QFile::remove(ApplicationData::Current().LocalSettingsValues().filePath());
         m_app = std::make_unique<App>();
         QVERIFY(m_app->NoPackageIdentity()); // a test binary has no installed manifest
         m_app->OnLaunched();
@@ -217,6 +222,12 @@ private Q_SLOTS:
         } catch (const HResultError& error) {
             QCOMPARE(error.code(), code);
         }
+    }
+
+    void closingWithoutPackageIdentityStoresNothing()
+    {
+        m_window->close();
+        QVERIFY(!QFile::exists(ApplicationData::Current().LocalSettingsValues().filePath()));
     }
 
     void searchWords_data()

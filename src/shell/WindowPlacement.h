@@ -1,0 +1,70 @@
+#pragma once
+
+#include <QPointF>
+#include <QRectF>
+#include <QVariantMap>
+
+#include <cstdint>
+
+class QWindow;
+
+namespace Zorvane {
+
+class SettingsValues;
+
+// Show states as the placement record stores them.
+namespace ShowCommand {
+inline constexpr std::uint32_t Hide = 0;
+inline constexpr std::uint32_t ShowNormal = 1;
+inline constexpr std::uint32_t ShowMinimized = 2;
+inline constexpr std::uint32_t ShowMaximized = 3;
+inline constexpr std::uint32_t Minimize = 6;
+inline constexpr std::uint32_t ShowMinNoActive = 7;
+} // namespace ShowCommand
+
+// Where a window is: its show state and its normal (restored) rectangle, in
+// physical pixels of the desktop.
+struct WindowPlacement
+{
+    std::uint32_t length = 44;
+    std::uint32_t flags = 0;
+    std::uint32_t showCmd = 0;
+    struct Point
+    {
+        int x = 0;
+        int y = 0;
+    } ptMinPosition, ptMaxPosition;
+    struct Rect
+    {
+        int left = 0;
+        int top = 0;
+        int right = 0;
+        int bottom = 0;
+    } rcNormalPosition;
+};
+
+// The window's placement: its state, and its normal geometry as last seen in
+// the normal state. False for a missing window.
+bool GetWindowPlacement(const QWindow* window, const QRect& normalGeometry,
+                        WindowPlacement& placement);
+// Moves the window to the normal rectangle and puts it into the show state.
+bool SetWindowPlacement(QWindow* window, const WindowPlacement& placement);
+
+inline const QString WindowPlacementKey = QStringLiteral("WindowPlacement");
+
+// Stores the placement as one map: "showCmd" (uint), "ptMinPosition" and
+// "ptMaxPosition" (points), "rcNormalPosition" (a rectangle). Writes nothing
+// when the placement cannot be read.
+void WritePlacement(SettingsValues& values, const QWindow* window, const QRect& normalGeometry);
+
+// The placement to apply: the stored map merged over the live placement. An
+// entry that is missing or of another type takes the live value; positions
+// and rectangles are truncated; a minimised state becomes normal.
+WindowPlacement RestoredPlacement(const QVariantMap& stored, const WindowPlacement& current);
+
+// The stored placement merged over the live one: an entry that is missing or
+// of another type takes the live value; a minimised state comes back normal.
+// Nothing happens when no map is stored.
+void ReadPlacement(const SettingsValues& values, QWindow* window, const QRect& normalGeometry);
+
+} // namespace Zorvane
