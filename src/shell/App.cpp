@@ -3,6 +3,8 @@
 #include "MainWindow.h"
 #include "Package.h"
 
+#include <QGuiApplication>
+#include <QPalette>
 #include <QQmlEngine>
 #include <QQuickWindow>
 
@@ -17,6 +19,12 @@ App::App()
       m_noPackageIdentity(Package::DetectNoPackageIdentity())
 {
     current = this;
+    // The title texts' colours while the window is active and while it is not.
+    const QPalette palette = QGuiApplication::palette();
+    m_resources.insert(QStringLiteral("WindowCaptionForeground"),
+                       palette.color(QPalette::Active, QPalette::WindowText));
+    m_resources.insert(QStringLiteral("WindowCaptionForegroundDisabled"),
+                       palette.color(QPalette::Disabled, QPalette::WindowText));
 }
 
 App::~App()

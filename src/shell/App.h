@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QObject>
+#include <QVariantMap>
 
 #include <memory>
 
@@ -35,10 +36,14 @@ public:
     MainWindow* Window() const { return m_window.get(); }
     QQmlEngine& Engine() const { return *m_engine; }
 
+    // The application's resources by key: the two caption text colours.
+    const QVariantMap& Resources() const { return m_resources; }
+
 private:
     std::unique_ptr<QQmlEngine> m_engine;
     std::unique_ptr<MainWindow> m_window;
     bool m_noPackageIdentity = false;
+    QVariantMap m_resources;
 };
 
 } // namespace Zorvane

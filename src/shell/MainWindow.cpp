@@ -11,9 +11,14 @@
 #include "WindowPlacement.h"
 
 #include <QEvent>
+#include <QGuiApplication>
+#include <QIcon>
+#include <QMouseEvent>
 #include <QQmlComponent>
 #include <QQmlEngine>
 #include <QQuickWindow>
+
+#include <algorithm>
 
 namespace Zorvane {
 
@@ -76,6 +81,16 @@ MainWindow::MainWindow(QQmlEngine& engine, QObject* parent) : QObject(parent)
     m_normalGeometry = m_window->geometry();
     LoadSettingsAsync();
     m_window->setTitle(ProductIdentity::ProductName);
+    for (auto signal : {&QQuickItem::widthChanged, &QQuickItem::heightChanged}) {
+        connect(m_appTitleBar, signal, this, [this] { RunHandler([&] { UpdateDragRegions(); }); });
+    }
+    // The title bar's first layout, once the window has been shown.
+    QMetaObject::invokeMethod(
+        this, [this] { RunHandler([&] { UpdateDragRegions(); }); }, Qt::QueuedConnection);
+    connect(m_window.get(), &QWindow::activeChanged, this,
+            [this] { RunHandler([&] { OnWindowActivated(m_window->isActive()); }); });
+    InstallIcons();
+    TrySetMicaBackdrop();
     for (auto signal : {&QWindow::xChanged, &QWindow::yChanged, &QWindow::widthChanged,
                         &QWindow::heightChanged}) {
         connect(m_window.get(), signal, this, &MainWindow::trackNormalGeometry);
@@ -88,10 +103,131 @@ MainWindow::MainWindow(QQmlEngine& engine, QObject* parent) : QObject(parent)
 
 bool MainWindow::eventFilter(QObject* watched, QEvent* event)
 {
-    if (watched == m_window.get() && event->type() == QEvent::Close) {
-        RunHandler([&] { TeardownOnClosed(); });
+    if (watched == m_window.get()) {
+        if (event->type() == QEvent::Close) {
+            RunHandler([&] { TeardownOnClosed(); });
+        } else if (handleTitleBarMouse(event)) {
+            return true;
+        }
     }
     return QObject::eventFilter(watched, event);
+}
+
+bool MainWindow::handleTitleBarMouse(QEvent* event)
+{
+    const auto type = event->type();
+    if (type != QEvent::MouseButtonPress && type != QEvent::MouseButtonDblClick) {
+        return false;
+    }
+    auto* mouse = static_cast<QMouseEvent*>(event);
+    if (mouse->button() != Qt::LeftButton) {
+        return false;
+    }
+    const QPointF position = mouse->position();
+
+    // A frameless window resizes from a thin band along its edges.
+    constexpr double Border = 5;
+    Qt::Edges edges;
+    if (m_window->windowStates() == Qt::WindowNoState) {
+        edges.setFlag(Qt::LeftEdge, position.x() < Border);
+        edges.setFlag(Qt::RightEdge, position.x() >= m_window->width() - Border);
+        edges.setFlag(Qt::TopEdge, position.y() < Border);
+        edges.setFlag(Qt::BottomEdge, position.y() >= m_window->height() - Border);
+    }
+    if (edges != Qt::Edges() && type == QEvent::MouseButtonPress) {
+        return m_window->startSystemResize(edges);
+    }
+
+    // The drag rectangles are in physical pixels.
+    const double ratio = m_window->devicePixelRatio();
+    const double px = position.x() * ratio;
+    const double py = position.y() * ratio;
+    const bool inDragArea = std::any_of(m_dragRectangles.begin(), m_dragRectangles.end(),
+                                        [&](const DragRectangle& r) { return r.contains(px, py); });
+    if (!inDragArea) {
+        return false;
+    }
+    if (type == QEvent::MouseButtonDblClick) {
+        if (m_window->windowStates().testFlag(Qt::WindowMaximized)) {
+            m_window->showNormal();
+        } else {
+            m_window->showMaximized();
+        }
+        return true;
+    }
+    return m_window->startSystemMove();
+}
+
+int MainWindow::Dpi() const
+{
+    return static_cast<int>(96 * m_window->devicePixelRatio());
+}
+
+int MainWindow::RightInset() const
+{
+    return static_cast<int>(m_captionButtons->width() * m_window->devicePixelRatio());
+}
+
+void MainWindow::UpdateDragRegions()
+{
+    if (!m_extendsContentIntoTitleBar) {
+        return;
+    }
+    const double scale = DpiScale(Dpi());
+    auto* leftInset = requireChild<QQuickItem>(m_appTitleBar, "LeftInsetColumn");
+    auto* rightInset = requireChild<QQuickItem>(m_appTitleBar, "RightInsetColumn");
+    // No system buttons on the left; ours take the right.
+    rightInset->setImplicitWidth(RightInset() / scale);
+    leftInset->setImplicitWidth(0 / scale);
+    m_appTitleBar->polish();
+
+    const auto width = [&](const char* column) {
+        return requireChild<QQuickItem>(m_appTitleBar, column)->width();
+    };
+    TitleBarMetrics metrics;
+    metrics.scale = scale;
+    metrics.titleHeight = m_appTitleBar->height();
+    metrics.centreHeight = requireChild<QQuickItem>(m_appTitleBar, "TitleDetailText")->height();
+    metrics.leftInset = width("LeftInsetColumn");
+    metrics.icon = width("IconColumn");
+    metrics.title = width("TitleColumn");
+    metrics.leftDrag = width("LeftDragColumn");
+    metrics.centre = width("CentreColumn");
+    metrics.rightDrag = width("RightDragColumn");
+    metrics.rightInset = width("RightInsetColumn");
+    m_dragRectangles = DragRectangles(metrics);
+}
+
+void MainWindow::OnWindowActivated(bool active)
+{
+    const App* app = App::Current();
+    const QString key = active ? QStringLiteral("WindowCaptionForeground")
+                               : QStringLiteral("WindowCaptionForegroundDisabled");
+    if (app == nullptr || !app->Resources().contains(key)) {
+        throw HResultError(HResult::Unexpected, "missing resource");
+    }
+    const QVariant brush = app->Resources().value(key);
+    requireChild<QObject>(m_window.get(), "TitleText")->setProperty("color", brush);
+    requireChild<QObject>(m_window.get(), "TitleDetailText")->setProperty("color", brush);
+}
+
+void MainWindow::InstallIcons()
+{
+    // One artwork, rendered for the small and the big system sizes at this DPI.
+    const QIcon artwork(QStringLiteral(":/Zorvane/shell/icons/zorvane.svg"));
+    const double ratio = m_window->devicePixelRatio();
+    QIcon icon;
+    for (const int size : {16, 32}) {
+        icon.addPixmap(artwork.pixmap(QSize(size, size), ratio));
+    }
+    m_window->setIcon(icon);
+}
+
+void MainWindow::TrySetMicaBackdrop()
+{
+    // No system backdrop material is supported for Qt windows here, so this
+    // stops at its first step: the window keeps its plain background and
+    // teardown has no controller to close.
 }
 
 void MainWindow::trackNormalGeometry()
@@ -151,6 +287,8 @@ void MainWindow::Connect()
     m_navView = requireChild<NavigationView>(m_window.get(), "NavView");
     m_contentFrame = requireChild<PageFrame>(m_window.get(), "ContentFrame");
     m_searchBox = requireChild<QQuickItem>(m_window.get(), "SearchBox");
+    m_appTitleBar = requireChild<QQuickItem>(m_window.get(), "AppTitleBar");
+    m_captionButtons = requireChild<QQuickItem>(m_window.get(), "CaptionButtons");
 
     connect(m_navView, &NavigationView::Loaded, this,
             [this] { RunHandler([&] { OnNavViewLoaded(); }); });

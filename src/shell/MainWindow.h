@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Coroutines.h"
+#include "TitleBarGeometry.h"
 
 #include <QObject>
 #include <QPointer>
@@ -52,6 +53,15 @@ public:
     // At close: the placement first, then the backdrop (which this platform lacks).
     void TeardownOnClosed();
 
+    // Recomputes the title bar's insets and the rectangles that drag the window.
+    void UpdateDragRegions();
+    // The title texts take the active or the inactive caption colour.
+    void OnWindowActivated(bool active);
+    const std::array<DragRectangle, 5>& DragRects() const { return m_dragRectangles; }
+    // The caption buttons' width in physical pixels.
+    int RightInset() const;
+    int Dpi() const;
+
     // The geometry of the normal state, kept while the window is maximised.
     QRect NormalGeometry() const { return m_normalGeometry; }
 
@@ -67,12 +77,19 @@ private:
     void InitializeComponent(QQmlEngine& engine);
     void Connect();
     void trackNormalGeometry();
+    void InstallIcons();
+    void TrySetMicaBackdrop();
+    bool handleTitleBarMouse(QEvent* event);
 
     std::unique_ptr<QQuickWindow> m_window;
     QPointer<NavigationView> m_navView;
     QPointer<PageFrame> m_contentFrame;
     QPointer<QQuickItem> m_searchBox;
     QRect m_normalGeometry;
+    QPointer<QQuickItem> m_appTitleBar;
+    QPointer<QQuickItem> m_captionButtons;
+    std::array<DragRectangle, 5> m_dragRectangles{};
+    bool m_extendsContentIntoTitleBar = true;
 };
 
 } // namespace Zorvane

@@ -11,17 +11,165 @@ ApplicationWindow {
     objectName: "MainWindow"
     width: 1100
     height: 720
+    // Our own title bar: the content reaches the top edge.
+    flags: Qt.Window | Qt.FramelessWindowHint
+    color: palette.window
 
     // Below this width the pane folds away and opens over the page on demand.
     readonly property bool wide: width >= 1008
     onWideChanged: navView.IsPaneOpen = wide
     Component.onCompleted: navView.IsPaneOpen = wide
 
+    Item {
+        id: appTitleBar
+
+        objectName: "AppTitleBar"
+        anchors.left: parent.left
+        anchors.right: parent.right
+        height: 32
+        z: 3
+
+        RowLayout {
+            anchors.fill: parent
+            spacing: 0
+
+            Item {
+                objectName: "LeftInsetColumn"
+                Layout.fillHeight: true
+            }
+            Item {
+                objectName: "IconColumn"
+                implicitWidth: 36
+                Layout.fillHeight: true
+
+                Image {
+                    objectName: "TitleBarIcon"
+                    anchors.centerIn: parent
+                    source: "qrc:/Zorvane/shell/icons/zorvane.svg"
+                    sourceSize: Qt.size(16, 16)
+                }
+            }
+            Item {
+                objectName: "TitleColumn"
+                implicitWidth: titleText.implicitWidth + 8
+                Layout.fillHeight: true
+
+                Text {
+                    id: titleText
+
+                    objectName: "TitleText"
+                    anchors.verticalCenter: parent.verticalCenter
+                    text: Helpers.ShortName
+                    font.pixelSize: 12
+                }
+            }
+            Item {
+                objectName: "LeftDragColumn"
+                Layout.fillWidth: true
+                Layout.fillHeight: true
+            }
+            Item {
+                objectName: "CentreColumn"
+                implicitWidth: titleDetail.implicitWidth + 16
+                Layout.fillHeight: true
+
+                Row {
+                    id: titleDetail
+
+                    objectName: "TitleDetailText"
+                    property color color: palette.windowText
+                    anchors.centerIn: parent
+
+                    Text {
+                        objectName: "ProductRun"
+                        text: Helpers.ProductName
+                        color: titleDetail.color
+                        font.pixelSize: 12
+                    }
+                    Text {
+                        text: " "
+                        font.pixelSize: 12
+                    }
+                    Text {
+                        objectName: "VersionRun"
+                        text: Helpers.ProductVersion
+                        color: titleDetail.color
+                        opacity: 0.7
+                        font.pixelSize: 12
+                    }
+                }
+            }
+            Item {
+                objectName: "RightDragColumn"
+                Layout.fillWidth: true
+                Layout.fillHeight: true
+            }
+            Item {
+                objectName: "RightInsetColumn"
+                Layout.fillHeight: true
+            }
+        }
+
+        // The window's own caption buttons; their width is the title bar's right inset.
+        Row {
+            id: captionButtons
+
+            objectName: "CaptionButtons"
+            anchors.right: parent.right
+            height: parent.height
+
+            component CaptionButton: AbstractButton {
+                id: captionButton
+
+                property bool danger: false
+
+                width: 46
+                height: parent.height
+                focusPolicy: Qt.NoFocus
+                background: Rectangle {
+                    color: captionButton.pressed ? (captionButton.danger ? "#B3261E" : Qt.alpha(palette.windowText, 0.16))
+                         : captionButton.hovered ? (captionButton.danger ? "#C42B1C" : Qt.alpha(palette.windowText, 0.08))
+                         : "transparent"
+                }
+                contentItem: Text {
+                    text: captionButton.text
+                    horizontalAlignment: Text.AlignHCenter
+                    verticalAlignment: Text.AlignVCenter
+                    font.pixelSize: 13
+                    color: captionButton.danger && captionButton.hovered ? "white" : palette.windowText
+                }
+                Accessible.name: captionButton.Accessible.description
+            }
+
+            CaptionButton {
+                objectName: "MinimizeButton"
+                text: "—"
+                Accessible.description: qsTr("Minimise")
+                onClicked: window.showMinimized()
+            }
+            CaptionButton {
+                objectName: "MaximizeButton"
+                readonly property bool maximized: window.visibility === Window.Maximized
+                text: maximized ? "❐" : "☐"
+                Accessible.description: maximized ? qsTr("Restore") : qsTr("Maximise")
+                onClicked: maximized ? window.showNormal() : window.showMaximized()
+            }
+            CaptionButton {
+                objectName: "CloseButton"
+                danger: true
+                text: "✕"
+                Accessible.description: qsTr("Close")
+                onClicked: window.close()
+            }
+        }
+    }
+
     NavigationView {
         id: navView
 
         objectName: "NavView"
         anchors.fill: parent
+        anchors.topMargin: appTitleBar.height
         menuHost: menuColumn
         header: headerText
 
