@@ -1,0 +1,320 @@
+#include "DefinitionGrid.h"
+
+#include "HResultError.h"
+
+#include <QStringList>
+
+#include <algorithm>
+
+namespace Zorvane {
+
+namespace {
+
+constexpr std::uint32_t BoundsError = 0x8000000B;
+
+DefinitionGridAttached* placementOf(QQuickItem* child)
+{
+    return qobject_cast<DefinitionGridAttached*>(
+        qmlAttachedPropertiesObject<DefinitionGrid>(child, true));
+}
+
+GridLength parseLength(QString text)
+{
+    text = text.trimmed();
+    if (text.compare(QStringLiteral("Auto"), Qt::CaseInsensitive) == 0) {
+        return {0, GridUnitType::Auto};
+    }
+    if (text.endsWith(QLatin1Char('*'))) {
+        text.chop(1);
+        return {text.isEmpty() ? 1.0 : text.toDouble(), GridUnitType::Star};
+    }
+    return {text.toDouble(), GridUnitType::Pixel};
+}
+
+QString lengthText(const GridLength& length)
+{
+    switch (length.Unit) {
+    case GridUnitType::Auto:
+        return QStringLiteral("Auto");
+    case GridUnitType::Star:
+        return length.Value == 1.0 ? QStringLiteral("*")
+                                   : QString::number(length.Value) + QLatin1Char('*');
+    case GridUnitType::Pixel:
+        break;
+    }
+    return QString::number(length.Value);
+}
+
+QList<GridLength> parseLengths(const QString& text)
+{
+    QList<GridLength> lengths;
+    for (const QString& part : text.split(QLatin1Char(','), Qt::SkipEmptyParts)) {
+        lengths << parseLength(part);
+    }
+    return lengths;
+}
+
+QString lengthsText(const QList<GridLength>& lengths)
+{
+    QStringList parts;
+    for (const GridLength& length : lengths) {
+        parts << lengthText(length);
+    }
+    return parts.join(QLatin1Char(','));
+}
+
+struct Cell
+{
+    int start;
+    int span;
+    double content; ///< the child's implicit size along this axis
+};
+
+// Pixel lengths as given, Auto from the largest single-span content, Star
+// sharing what is left by weight.
+QList<double> solve(const QList<GridLength>& definitions, const QList<Cell>& cells,
+                    double available)
+{
+    QList<double> sizes(definitions.size(), 0.0);
+    double fixed = 0;
+    double stars = 0;
+    for (qsizetype i = 0; i < definitions.size(); ++i) {
+        const GridLength& length = definitions[i];
+        if (length.Unit == GridUnitType::Pixel) {
+            sizes[i] = length.Value;
+        } else if (length.Unit == GridUnitType::Auto) {
+            for (const Cell& cell : cells) {
+                if (cell.start == i && cell.span == 1) {
+                    sizes[i] = std::max(sizes[i], cell.content);
+                }
+            }
+        } else {
+            stars += length.Value;
+            continue;
+        }
+        fixed += sizes[i];
+    }
+    const double left = std::max(0.0, available - fixed);
+    for (qsizetype i = 0; i < definitions.size(); ++i) {
+        if (definitions[i].Unit == GridUnitType::Star && stars > 0) {
+            sizes[i] = left * definitions[i].Value / stars;
+        }
+    }
+    return sizes;
+}
+
+double offsetOf(const QList<double>& sizes, int index)
+{
+    double offset = 0;
+    for (int i = 0; i < index && i < sizes.size(); ++i) {
+        offset += sizes[i];
+    }
+    return offset;
+}
+
+double spanOf(const QList<double>& sizes, int start, int span)
+{
+    return offsetOf(sizes, start + span) - offsetOf(sizes, start);
+}
+
+} // namespace
+
+void DefinitionGridAttached::setRow(int row)
+{
+    if (m_row != row) {
+        m_row = row;
+        Q_EMIT changed();
+    }
+}
+
+void DefinitionGridAttached::setColumn(int column)
+{
+    if (m_column != column) {
+        m_column = column;
+        Q_EMIT changed();
+    }
+}
+
+void DefinitionGridAttached::setRowSpan(int span)
+{
+    if (m_rowSpan != span) {
+        m_rowSpan = std::max(1, span);
+        Q_EMIT changed();
+    }
+}
+
+void DefinitionGridAttached::setColumnSpan(int span)
+{
+    if (m_columnSpan != span) {
+        m_columnSpan = std::max(1, span);
+        Q_EMIT changed();
+    }
+}
+
+DefinitionGrid::DefinitionGrid(QQuickItem* parent) : QQuickItem(parent) {}
+
+DefinitionGridAttached* DefinitionGrid::qmlAttachedProperties(QObject* object)
+{
+    return new DefinitionGridAttached(object);
+}
+
+void DefinitionGrid::ClearRows()
+{
+    m_rows.clear();
+    relayout();
+}
+
+void DefinitionGrid::AppendRow(GridLength height)
+{
+    m_rows << height;
+    relayout();
+}
+
+GridLength DefinitionGrid::RowAt(qsizetype index) const
+{
+    if (index < 0 || index >= m_rows.size()) {
+        throw HResultError(BoundsError);
+    }
+    return m_rows[index];
+}
+
+void DefinitionGrid::SetRowHeight(qsizetype index, GridLength height)
+{
+    static_cast<void>(RowAt(index));
+    m_rows[index] = height;
+    relayout();
+}
+
+void DefinitionGrid::ClearColumns()
+{
+    m_columns.clear();
+    relayout();
+}
+
+void DefinitionGrid::AppendColumn(GridLength width)
+{
+    m_columns << width;
+    relayout();
+}
+
+GridLength DefinitionGrid::ColumnAt(qsizetype index) const
+{
+    if (index < 0 || index >= m_columns.size()) {
+        throw HResultError(BoundsError);
+    }
+    return m_columns[index];
+}
+
+void DefinitionGrid::SetColumnWidth(qsizetype index, GridLength width)
+{
+    static_cast<void>(ColumnAt(index));
+    m_columns[index] = width;
+    relayout();
+}
+
+void DefinitionGrid::setRows(const QString& text)
+{
+    m_rows = parseLengths(text);
+    relayout();
+}
+
+void DefinitionGrid::setColumns(const QString& text)
+{
+    m_columns = parseLengths(text);
+    relayout();
+}
+
+QString DefinitionGrid::rowsText() const
+{
+    return lengthsText(m_rows);
+}
+
+QString DefinitionGrid::columnsText() const
+{
+    return lengthsText(m_columns);
+}
+
+void DefinitionGrid::relayout()
+{
+    Q_EMIT definitionsChanged();
+    polish();
+}
+
+void DefinitionGrid::itemChange(ItemChange change, const ItemChangeData& data)
+{
+    QQuickItem::itemChange(change, data);
+    if (change == ItemChildAddedChange) {
+        QQuickItem* child = data.item;
+        connect(child, &QQuickItem::implicitWidthChanged, this, &QQuickItem::polish);
+        connect(child, &QQuickItem::implicitHeightChanged, this, &QQuickItem::polish);
+        connect(child, &QQuickItem::visibleChanged, this, &QQuickItem::polish);
+        connect(placementOf(child), &DefinitionGridAttached::changed, this, &QQuickItem::polish);
+        polish();
+    } else if (change == ItemChildRemovedChange) {
+        disconnect(data.item, nullptr, this, nullptr);
+        polish();
+    }
+}
+
+void DefinitionGrid::geometryChange(const QRectF& newGeometry, const QRectF& oldGeometry)
+{
+    QQuickItem::geometryChange(newGeometry, oldGeometry);
+    polish();
+}
+
+void DefinitionGrid::updatePolish()
+{
+    // Without definitions there is one star row or column.
+    const QList<GridLength> rows = m_rows.isEmpty() ? QList<GridLength>{GridLength{}} : m_rows;
+    const QList<GridLength> columns =
+        m_columns.isEmpty() ? QList<GridLength>{GridLength{}} : m_columns;
+
+    QList<QQuickItem*> children;
+    QList<Cell> rowCells;
+    QList<Cell> columnCells;
+    for (QQuickItem* child : childItems()) {
+        if (!child->isVisible()) {
+            continue;
+        }
+        const DefinitionGridAttached* at = placementOf(child);
+        const int row = std::clamp(at->row(), 0, int(rows.size()) - 1);
+        const int column = std::clamp(at->column(), 0, int(columns.size()) - 1);
+        children << child;
+        rowCells << Cell{row, std::min(at->rowSpan(), int(rows.size()) - row),
+                         child->implicitHeight()};
+        columnCells << Cell{column, std::min(at->columnSpan(), int(columns.size()) - column),
+                            child->implicitWidth()};
+    }
+
+    m_columnSizes = solve(columns, columnCells, width());
+    m_rowSizes = solve(rows, rowCells, height());
+
+    // What the grid needs: fixed and Auto lengths, star lengths at their content.
+    const auto natural = [](const QList<GridLength>& definitions, const QList<Cell>& cells) {
+        const QList<double> sizes = solve(definitions, cells, 0);
+        double total = 0;
+        for (qsizetype i = 0; i < definitions.size(); ++i) {
+            double size = sizes[i];
+            if (definitions[i].Unit == GridUnitType::Star) {
+                for (const Cell& cell : cells) {
+                    if (cell.start == i && cell.span == 1) {
+                        size = std::max(size, cell.content);
+                    }
+                }
+            }
+            total += size;
+        }
+        return total;
+    };
+    setImplicitSize(natural(columns, columnCells), natural(rows, rowCells));
+
+    for (qsizetype i = 0; i < children.size(); ++i) {
+        const Cell& r = rowCells[i];
+        const Cell& c = columnCells[i];
+        children[i]->setPosition({offsetOf(m_columnSizes, c.start), offsetOf(m_rowSizes, r.start)});
+        children[i]->setSize(
+            {spanOf(m_columnSizes, c.start, c.span), spanOf(m_rowSizes, r.start, r.span)});
+    }
+}
+
+} // namespace Zorvane

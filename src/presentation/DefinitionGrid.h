@@ -1,0 +1,113 @@
+#pragma once
+
+#include <QList>
+#include <QQuickItem>
+#include <QtQml/qqmlregistration.h>
+
+namespace Zorvane {
+
+// How a row's height or a column's width is found.
+enum class GridUnitType
+{
+    Auto = 0,  ///< as large as its content
+    Pixel = 1, ///< a fixed number of units
+    Star = 2,  ///< a share of what is left
+};
+
+struct GridLength
+{
+    double Value = 1.0;
+    GridUnitType Unit = GridUnitType::Star;
+    bool operator==(const GridLength&) const = default;
+};
+
+// Where a child of a DefinitionGrid stands: markup writes DefinitionGrid.row etc.
+class DefinitionGridAttached : public QObject
+{
+    Q_OBJECT
+    QML_ANONYMOUS
+    Q_PROPERTY(int row READ row WRITE setRow NOTIFY changed)
+    Q_PROPERTY(int column READ column WRITE setColumn NOTIFY changed)
+    Q_PROPERTY(int rowSpan READ rowSpan WRITE setRowSpan NOTIFY changed)
+    Q_PROPERTY(int columnSpan READ columnSpan WRITE setColumnSpan NOTIFY changed)
+
+public:
+    using QObject::QObject;
+    int row() const { return m_row; }
+    void setRow(int row);
+    int column() const { return m_column; }
+    void setColumn(int column);
+    int rowSpan() const { return m_rowSpan; }
+    void setRowSpan(int span);
+    int columnSpan() const { return m_columnSpan; }
+    void setColumnSpan(int span);
+
+Q_SIGNALS:
+    void changed();
+
+private:
+    int m_row = 0;
+    int m_column = 0;
+    int m_rowSpan = 1;
+    int m_columnSpan = 1;
+};
+
+// A grid of rows and columns with Auto, pixel and star lengths: the layout
+// that the title bar's columns and GridHelpers describe.
+class DefinitionGrid : public QQuickItem
+{
+    Q_OBJECT
+    QML_ELEMENT
+    QML_ATTACHED(DefinitionGridAttached)
+
+    /// Row heights for markup, comma-separated: "Auto", a number, "*" or "2*".
+    Q_PROPERTY(QString rows WRITE setRows READ rowsText NOTIFY definitionsChanged)
+    /// Column widths for markup, in the same form.
+    Q_PROPERTY(QString columns WRITE setColumns READ columnsText NOTIFY definitionsChanged)
+
+public:
+    explicit DefinitionGrid(QQuickItem* parent = nullptr);
+
+    static DefinitionGridAttached* qmlAttachedProperties(QObject* object);
+
+    // The definitions as growable lists. An index past the end raises
+    // HResultError with the bounds code.
+    qsizetype RowCount() const { return m_rows.size(); }
+    void ClearRows();
+    void AppendRow(GridLength height);
+    GridLength RowAt(qsizetype index) const;
+    void SetRowHeight(qsizetype index, GridLength height);
+
+    qsizetype ColumnCount() const { return m_columns.size(); }
+    void ClearColumns();
+    void AppendColumn(GridLength width);
+    GridLength ColumnAt(qsizetype index) const;
+    void SetColumnWidth(qsizetype index, GridLength width);
+
+    void setRows(const QString& text);
+    void setColumns(const QString& text);
+    QString rowsText() const;
+    QString columnsText() const;
+
+    // Sizes of the definitions as last laid out.
+    QList<double> ActualRowHeights() const { return m_rowSizes; }
+    QList<double> ActualColumnWidths() const { return m_columnSizes; }
+
+Q_SIGNALS:
+    void definitionsChanged();
+
+protected:
+    void updatePolish() override;
+    void itemChange(ItemChange change, const ItemChangeData& data) override;
+    void geometryChange(const QRectF& newGeometry, const QRectF& oldGeometry) override;
+
+private:
+    void relayout();
+
+    QList<GridLength> m_rows;
+    QList<GridLength> m_columns;
+    QList<double> m_rowSizes;
+    QList<double> m_columnSizes;
+};
+
+} // namespace Zorvane

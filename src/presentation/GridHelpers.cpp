@@ -1,0 +1,200 @@
+#include "GridHelpers.h"
+
+#include "DefinitionGrid.h"
+
+#include <QJSEngine>
+
+#include <exception>
+#include <regex>
+#include <string>
+#include <vector>
+
+namespace Zorvane {
+
+namespace {
+
+// The object's values, made on first use. Before any QML engine has imported
+// the module the type is not registered yet, and they are kept as a child.
+GridHelpersAttached* attached(QObject* target)
+{
+    if (auto* values = qobject_cast<GridHelpersAttached*>(
+            qmlAttachedPropertiesObject<GridHelpers>(target, true))) {
+        return values;
+    }
+    if (auto* values =
+            target->findChild<GridHelpersAttached*>(QString(), Qt::FindDirectChildrenOnly)) {
+        return values;
+    }
+    return new GridHelpersAttached(target);
+}
+
+// Every run of decimal digits is one index, left to right.
+std::vector<int> starIndexes(const QString& list)
+{
+    const std::wstring text = list.toStdWString();
+    const std::wregex digits(L"(\\d+)");
+    std::vector<int> indexes;
+    for (auto match = std::wsregex_iterator(text.begin(), text.end(), digits);
+         match != std::wsregex_iterator(); ++match) {
+        indexes.push_back(std::stoi((*match)[1].str()));
+    }
+    return indexes;
+}
+
+} // namespace
+
+template <class Callback>
+void GridHelpersAttached::notify(Callback callback)
+{
+    try {
+        callback(parent());
+    } catch (const std::exception& error) {
+        if (QJSEngine* engine = qjsEngine(parent())) {
+            engine->throwError(QString::fromUtf8(error.what()));
+            return;
+        }
+        throw;
+    }
+}
+
+void GridHelpersAttached::setRowCount(int count)
+{
+    if (m_rowCount != count) {
+        m_rowCount = count;
+        Q_EMIT rowCountChanged();
+        notify(&GridHelpers::OnRowCountChanged);
+    }
+}
+
+void GridHelpersAttached::setColumnCount(int count)
+{
+    if (m_columnCount != count) {
+        m_columnCount = count;
+        Q_EMIT columnCountChanged();
+        notify(&GridHelpers::OnColumnCountChanged);
+    }
+}
+
+void GridHelpersAttached::setStarRows(const QString& rows)
+{
+    if (m_starRows != rows) {
+        m_starRows = rows;
+        Q_EMIT starRowsChanged();
+        notify(&GridHelpers::OnStarRowsChanged);
+    }
+}
+
+void GridHelpersAttached::setStarColumns(const QString& columns)
+{
+    if (m_starColumns != columns) {
+        m_starColumns = columns;
+        Q_EMIT starColumnsChanged();
+        notify(&GridHelpers::OnStarColumnsChanged);
+    }
+}
+
+GridHelpersAttached* GridHelpers::qmlAttachedProperties(QObject* object)
+{
+    return new GridHelpersAttached(object);
+}
+
+int GridHelpers::GetRowCount(QObject* target)
+{
+    return attached(target)->rowCount();
+}
+
+void GridHelpers::SetRowCount(QObject* target, int value)
+{
+    attached(target)->setRowCount(value);
+}
+
+int GridHelpers::GetColumnCount(QObject* target)
+{
+    return attached(target)->columnCount();
+}
+
+void GridHelpers::SetColumnCount(QObject* target, int value)
+{
+    attached(target)->setColumnCount(value);
+}
+
+QString GridHelpers::GetStarRows(QObject* target)
+{
+    return attached(target)->starRows();
+}
+
+void GridHelpers::SetStarRows(QObject* target, const QString& value)
+{
+    attached(target)->setStarRows(value);
+}
+
+QString GridHelpers::GetStarColumns(QObject* target)
+{
+    return attached(target)->starColumns();
+}
+
+void GridHelpers::SetStarColumns(QObject* target, const QString& value)
+{
+    attached(target)->setStarColumns(value);
+}
+
+void GridHelpers::OnRowCountChanged(QObject* target)
+{
+    auto* grid = qobject_cast<DefinitionGrid*>(target);
+    const int count = GetRowCount(target);
+    if (grid == nullptr || count < 0) {
+        return;
+    }
+    grid->ClearRows();
+    for (int i = 0; i < count; ++i) {
+        grid->AppendRow({0, GridUnitType::Auto});
+    }
+    // A rebuilt grid takes the stored star list again.
+    ApplyStarRows(*grid);
+}
+
+void GridHelpers::OnColumnCountChanged(QObject* target)
+{
+    auto* grid = qobject_cast<DefinitionGrid*>(target);
+    const int count = GetColumnCount(target);
+    if (grid == nullptr || count < 0) {
+        return;
+    }
+    grid->ClearColumns();
+    for (int i = 0; i < count; ++i) {
+        grid->AppendColumn({0, GridUnitType::Auto});
+    }
+    ApplyStarColumns(*grid);
+}
+
+void GridHelpers::OnStarRowsChanged(QObject* target)
+{
+    auto* grid = qobject_cast<DefinitionGrid*>(target);
+    if (grid != nullptr && !GetStarRows(target).isEmpty()) {
+        ApplyStarRows(*grid);
+    }
+}
+
+void GridHelpers::OnStarColumnsChanged(QObject* target)
+{
+    auto* grid = qobject_cast<DefinitionGrid*>(target);
+    if (grid != nullptr && !GetStarColumns(target).isEmpty()) {
+        ApplyStarColumns(*grid);
+    }
+}
+
+void GridHelpers::ApplyStarRows(DefinitionGrid& grid)
+{
+    for (const int index : starIndexes(GetStarRows(&grid))) {
+        grid.SetRowHeight(index, {1.0, GridUnitType::Star});
+    }
+}
+
+void GridHelpers::ApplyStarColumns(DefinitionGrid& grid)
+{
+    for (const int index : starIndexes(GetStarColumns(&grid))) {
+        grid.SetColumnWidth(index, {1.0, GridUnitType::Star});
+    }
+}
+
+} // namespace Zorvane
