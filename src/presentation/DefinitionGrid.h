@@ -89,6 +89,9 @@ public:
     QString rowsText() const;
     QString columnsText() const;
 
+    // Lays the children out now rather than before the next frame.
+    void LayoutNow() { updatePolish(); }
+
     // Sizes of the definitions as last laid out.
     QList<double> ActualRowHeights() const { return m_rowSizes; }
     QList<double> ActualColumnWidths() const { return m_columnSizes; }

@@ -2,6 +2,7 @@
 
 #include "App.h"
 #include "ApplicationData.h"
+#include "DefinitionGrid.h"
 #include "EventHandler.h"
 #include "HResultError.h"
 #include "NavigationView.h"
@@ -31,6 +32,18 @@ QString requireString(const QVariant& value)
     }
     return value.toString();
 }
+
+// The title bar's columns, left to right.
+enum TitleBarColumn
+{
+    LeftInsetColumn,
+    IconColumn,
+    TitleColumn,
+    LeftDragColumn,
+    CentreColumn,
+    RightDragColumn,
+    RightInsetColumn,
+};
 
 template <class T>
 T* requireChild(QObject* root, const char* name)
@@ -174,27 +187,24 @@ void MainWindow::UpdateDragRegions()
         return;
     }
     const double scale = DpiScale(Dpi());
-    auto* leftInset = requireChild<QQuickItem>(m_appTitleBar, "LeftInsetColumn");
-    auto* rightInset = requireChild<QQuickItem>(m_appTitleBar, "RightInsetColumn");
+    auto* grid = requireChild<DefinitionGrid>(m_appTitleBar, "TitleBarGrid");
     // No system buttons on the left; ours take the right.
-    rightInset->setImplicitWidth(RightInset() / scale);
-    leftInset->setImplicitWidth(0 / scale);
-    m_appTitleBar->polish();
+    grid->SetColumnWidth(RightInsetColumn, {RightInset() / scale, GridUnitType::Pixel});
+    grid->SetColumnWidth(LeftInsetColumn, {0 / scale, GridUnitType::Pixel});
+    grid->LayoutNow(); // the widths below are the new layout's
 
-    const auto width = [&](const char* column) {
-        return requireChild<QQuickItem>(m_appTitleBar, column)->width();
-    };
+    const QList<double> widths = grid->ActualColumnWidths();
     TitleBarMetrics metrics;
     metrics.scale = scale;
     metrics.titleHeight = m_appTitleBar->height();
     metrics.centreHeight = requireChild<QQuickItem>(m_appTitleBar, "TitleDetailText")->height();
-    metrics.leftInset = width("LeftInsetColumn");
-    metrics.icon = width("IconColumn");
-    metrics.title = width("TitleColumn");
-    metrics.leftDrag = width("LeftDragColumn");
-    metrics.centre = width("CentreColumn");
-    metrics.rightDrag = width("RightDragColumn");
-    metrics.rightInset = width("RightInsetColumn");
+    metrics.leftInset = widths.value(LeftInsetColumn);
+    metrics.icon = widths.value(IconColumn);
+    metrics.title = widths.value(TitleColumn);
+    metrics.leftDrag = widths.value(LeftDragColumn);
+    metrics.centre = widths.value(CentreColumn);
+    metrics.rightDrag = widths.value(RightDragColumn);
+    metrics.rightInset = widths.value(RightInsetColumn);
     m_dragRectangles = DragRectangles(metrics);
 }
 

@@ -29,18 +29,17 @@ ApplicationWindow {
         height: 32
         z: 3
 
-        RowLayout {
+        // Seven columns: left inset, icon, title, drag, centre, drag, right inset.
+        DefinitionGrid {
+            id: titleGrid
+
+            objectName: "TitleBarGrid"
             anchors.fill: parent
-            spacing: 0
+            columns: "0,Auto,Auto,*,Auto,*,0"
 
             Item {
-                objectName: "LeftInsetColumn"
-                Layout.fillHeight: true
-            }
-            Item {
-                objectName: "IconColumn"
+                DefinitionGrid.column: 1
                 implicitWidth: 36
-                Layout.fillHeight: true
 
                 Image {
                     objectName: "TitleBarIcon"
@@ -50,9 +49,8 @@ ApplicationWindow {
                 }
             }
             Item {
-                objectName: "TitleColumn"
+                DefinitionGrid.column: 2
                 implicitWidth: titleText.implicitWidth + 8
-                Layout.fillHeight: true
 
                 Text {
                     id: titleText
@@ -64,14 +62,8 @@ ApplicationWindow {
                 }
             }
             Item {
-                objectName: "LeftDragColumn"
-                Layout.fillWidth: true
-                Layout.fillHeight: true
-            }
-            Item {
-                objectName: "CentreColumn"
+                DefinitionGrid.column: 4
                 implicitWidth: titleDetail.implicitWidth + 16
-                Layout.fillHeight: true
 
                 Row {
                     id: titleDetail
@@ -98,15 +90,6 @@ ApplicationWindow {
                         font.pixelSize: 12
                     }
                 }
-            }
-            Item {
-                objectName: "RightDragColumn"
-                Layout.fillWidth: true
-                Layout.fillHeight: true
-            }
-            Item {
-                objectName: "RightInsetColumn"
-                Layout.fillHeight: true
             }
         }
 

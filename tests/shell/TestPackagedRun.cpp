@@ -1,5 +1,6 @@
 #include "App.h"
 #include "ApplicationData.h"
+#include "DefinitionGrid.h"
 #include "MainWindow.h"
 #include "Package.h"
 
@@ -80,8 +81,8 @@ private Q_SLOTS:
 
         // The caption buttons' width is the right inset, and its column holds it.
         auto* captions = window->findChild<QQuickItem*>(u"CaptionButtons"_s);
-        auto* insetColumn = window->findChild<QQuickItem*>(u"RightInsetColumn"_s);
-        QTRY_COMPARE(insetColumn->width(), captions->width());
+        auto* grid = window->findChild<DefinitionGrid*>(u"TitleBarGrid"_s);
+        QTRY_COMPARE(grid->ActualColumnWidths().value(6), captions->width());
         QCOMPARE(main.RightInset(), int(captions->width()));
         // The first rectangle starts the drag area at the left edge.
         QTRY_VERIFY(main.DragRects()[0].width > 0);
