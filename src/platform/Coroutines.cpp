@@ -25,9 +25,23 @@ void FireAndForget::promise_type::unhandled_exception() const noexcept
     }
 }
 
+namespace {
+// A pool owned by the application object: its threads are joined when that
+// goes, while OpenSSL can still release their per-thread state (its own exit
+// handlers come later and would leave it behind).
+QThreadPool& backgroundPool()
+{
+    static QPointer<QThreadPool> pool;
+    if (!pool) {
+        pool = new QThreadPool(QCoreApplication::instance());
+    }
+    return *pool;
+}
+} // namespace
+
 void ResumeBackground::await_suspend(std::coroutine_handle<> handle) const
 {
-    QThreadPool::globalInstance()->start([handle] { handle.resume(); });
+    backgroundPool().start([handle] { handle.resume(); });
 }
 
 UiContext UiContext::Capture()
