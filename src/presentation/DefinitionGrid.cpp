@@ -119,6 +119,39 @@ double spanOf(const QList<double>& sizes, int start, int span)
 
 } // namespace
 
+void DefinitionCollection::Clear()
+{
+    m_items.clear();
+    m_changed();
+}
+
+void DefinitionCollection::Append(GridLength length)
+{
+    m_items << length;
+    m_changed();
+}
+
+GridLength DefinitionCollection::GetAt(qsizetype index) const
+{
+    if (index < 0 || index >= m_items.size()) {
+        throw HResultError(BoundsError);
+    }
+    return m_items[index];
+}
+
+void DefinitionCollection::SetAt(qsizetype index, GridLength length)
+{
+    static_cast<void>(GetAt(index));
+    m_items[index] = length;
+    m_changed();
+}
+
+void DefinitionCollection::assign(QList<GridLength> items)
+{
+    m_items = std::move(items);
+    m_changed();
+}
+
 void DefinitionGridAttached::setRow(int row)
 {
     if (m_row != row) {
@@ -158,80 +191,24 @@ DefinitionGridAttached* DefinitionGrid::qmlAttachedProperties(QObject* object)
     return new DefinitionGridAttached(object);
 }
 
-void DefinitionGrid::ClearRows()
-{
-    m_rows.clear();
-    relayout();
-}
-
-void DefinitionGrid::AppendRow(GridLength height)
-{
-    m_rows << height;
-    relayout();
-}
-
-GridLength DefinitionGrid::RowAt(qsizetype index) const
-{
-    if (index < 0 || index >= m_rows.size()) {
-        throw HResultError(BoundsError);
-    }
-    return m_rows[index];
-}
-
-void DefinitionGrid::SetRowHeight(qsizetype index, GridLength height)
-{
-    static_cast<void>(RowAt(index));
-    m_rows[index] = height;
-    relayout();
-}
-
-void DefinitionGrid::ClearColumns()
-{
-    m_columns.clear();
-    relayout();
-}
-
-void DefinitionGrid::AppendColumn(GridLength width)
-{
-    m_columns << width;
-    relayout();
-}
-
-GridLength DefinitionGrid::ColumnAt(qsizetype index) const
-{
-    if (index < 0 || index >= m_columns.size()) {
-        throw HResultError(BoundsError);
-    }
-    return m_columns[index];
-}
-
-void DefinitionGrid::SetColumnWidth(qsizetype index, GridLength width)
-{
-    static_cast<void>(ColumnAt(index));
-    m_columns[index] = width;
-    relayout();
-}
-
 void DefinitionGrid::setRows(const QString& text)
 {
-    m_rows = parseLengths(text);
-    relayout();
+    m_rows.assign(parseLengths(text));
 }
 
 void DefinitionGrid::setColumns(const QString& text)
 {
-    m_columns = parseLengths(text);
-    relayout();
+    m_columns.assign(parseLengths(text));
 }
 
 QString DefinitionGrid::rowsText() const
 {
-    return lengthsText(m_rows);
+    return lengthsText(m_rows.items());
 }
 
 QString DefinitionGrid::columnsText() const
 {
-    return lengthsText(m_columns);
+    return lengthsText(m_columns.items());
 }
 
 void DefinitionGrid::relayout()
@@ -265,9 +242,11 @@ void DefinitionGrid::geometryChange(const QRectF& newGeometry, const QRectF& old
 void DefinitionGrid::updatePolish()
 {
     // Without definitions there is one star row or column.
-    const QList<GridLength> rows = m_rows.isEmpty() ? QList<GridLength>{GridLength{}} : m_rows;
-    const QList<GridLength> columns =
-        m_columns.isEmpty() ? QList<GridLength>{GridLength{}} : m_columns;
+    const auto orOneStar = [](const QList<GridLength>& items) {
+        return items.isEmpty() ? QList<GridLength>{GridLength{}} : items;
+    };
+    const QList<GridLength> rows = orOneStar(m_rows.items());
+    const QList<GridLength> columns = orOneStar(m_columns.items());
 
     QList<QQuickItem*> children;
     QList<Cell> rowCells;

@@ -4,6 +4,8 @@
 #include <QQuickItem>
 #include <QtQml/qqmlregistration.h>
 
+#include <functional>
+
 namespace Zorvane {
 
 // How a row's height or a column's width is found.
@@ -19,6 +21,27 @@ struct GridLength
     double Value = 1.0;
     GridUnitType Unit = GridUnitType::Star;
     bool operator==(const GridLength&) const = default;
+};
+
+// A grid's row or column definitions: a growable list. An index past the end
+// raises HResultError with the bounds code; every change lays the grid out again.
+class DefinitionCollection
+{
+public:
+    explicit DefinitionCollection(std::function<void()> changed) : m_changed(std::move(changed)) {}
+
+    qsizetype Size() const { return m_items.size(); }
+    void Clear();
+    void Append(GridLength length);
+    GridLength GetAt(qsizetype index) const;
+    void SetAt(qsizetype index, GridLength length);
+
+    const QList<GridLength>& items() const { return m_items; }
+    void assign(QList<GridLength> items);
+
+private:
+    QList<GridLength> m_items;
+    std::function<void()> m_changed;
 };
 
 // Where a child of a DefinitionGrid stands: markup writes DefinitionGrid.row etc.
@@ -70,19 +93,8 @@ public:
 
     static DefinitionGridAttached* qmlAttachedProperties(QObject* object);
 
-    // The definitions as growable lists. An index past the end raises
-    // HResultError with the bounds code.
-    qsizetype RowCount() const { return m_rows.size(); }
-    void ClearRows();
-    void AppendRow(GridLength height);
-    GridLength RowAt(qsizetype index) const;
-    void SetRowHeight(qsizetype index, GridLength height);
-
-    qsizetype ColumnCount() const { return m_columns.size(); }
-    void ClearColumns();
-    void AppendColumn(GridLength width);
-    GridLength ColumnAt(qsizetype index) const;
-    void SetColumnWidth(qsizetype index, GridLength width);
+    DefinitionCollection& RowDefinitions() { return m_rows; }
+    DefinitionCollection& ColumnDefinitions() { return m_columns; }
 
     void setRows(const QString& text);
     void setColumns(const QString& text);
@@ -107,8 +119,12 @@ protected:
 private:
     void relayout();
 
-    QList<GridLength> m_rows;
-    QList<GridLength> m_columns;
+    DefinitionCollection m_rows{[this] {
+        relayout();
+    }};
+    DefinitionCollection m_columns{[this] {
+        relayout();
+    }};
     QList<double> m_rowSizes;
     QList<double> m_columnSizes;
 };

@@ -41,6 +41,31 @@ std::vector<int> starIndexes(const QString& list)
     return indexes;
 }
 
+void applyStars(const QString& list, DefinitionCollection& definitions)
+{
+    for (const int index : starIndexes(list)) {
+        definitions.SetAt(index, {1.0, GridUnitType::Star});
+    }
+}
+
+// A count of zero or more rebuilds the definitions as Auto lengths and
+// applies the stored star list again; a negative count or a target that is
+// no grid leaves everything as it is.
+void rebuild(QObject* target, int count, DefinitionCollection& (DefinitionGrid::*definitionsOf)(),
+             void (*applyStarList)(DefinitionGrid&))
+{
+    auto* grid = qobject_cast<DefinitionGrid*>(target);
+    if (grid == nullptr || count < 0) {
+        return;
+    }
+    DefinitionCollection& definitions = (grid->*definitionsOf)();
+    definitions.Clear();
+    for (int i = 0; i < count; ++i) {
+        definitions.Append({0, GridUnitType::Auto});
+    }
+    applyStarList(*grid);
+}
+
 } // namespace
 
 template <class Callback>
@@ -140,31 +165,14 @@ void GridHelpers::SetStarColumns(QObject* target, const QString& value)
 
 void GridHelpers::OnRowCountChanged(QObject* target)
 {
-    auto* grid = qobject_cast<DefinitionGrid*>(target);
-    const int count = GetRowCount(target);
-    if (grid == nullptr || count < 0) {
-        return;
-    }
-    grid->ClearRows();
-    for (int i = 0; i < count; ++i) {
-        grid->AppendRow({0, GridUnitType::Auto});
-    }
-    // A rebuilt grid takes the stored star list again.
-    ApplyStarRows(*grid);
+    rebuild(target, GetRowCount(target), &DefinitionGrid::RowDefinitions,
+            &GridHelpers::ApplyStarRows);
 }
 
 void GridHelpers::OnColumnCountChanged(QObject* target)
 {
-    auto* grid = qobject_cast<DefinitionGrid*>(target);
-    const int count = GetColumnCount(target);
-    if (grid == nullptr || count < 0) {
-        return;
-    }
-    grid->ClearColumns();
-    for (int i = 0; i < count; ++i) {
-        grid->AppendColumn({0, GridUnitType::Auto});
-    }
-    ApplyStarColumns(*grid);
+    rebuild(target, GetColumnCount(target), &DefinitionGrid::ColumnDefinitions,
+            &GridHelpers::ApplyStarColumns);
 }
 
 void GridHelpers::OnStarRowsChanged(QObject* target)
@@ -185,16 +193,12 @@ void GridHelpers::OnStarColumnsChanged(QObject* target)
 
 void GridHelpers::ApplyStarRows(DefinitionGrid& grid)
 {
-    for (const int index : starIndexes(GetStarRows(&grid))) {
-        grid.SetRowHeight(index, {1.0, GridUnitType::Star});
-    }
+    applyStars(GetStarRows(&grid), grid.RowDefinitions());
 }
 
 void GridHelpers::ApplyStarColumns(DefinitionGrid& grid)
 {
-    for (const int index : starIndexes(GetStarColumns(&grid))) {
-        grid.SetColumnWidth(index, {1.0, GridUnitType::Star});
-    }
+    applyStars(GetStarColumns(&grid), grid.ColumnDefinitions());
 }
 
 } // namespace Zorvane

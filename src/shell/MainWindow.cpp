@@ -189,8 +189,8 @@ void MainWindow::UpdateDragRegions()
     const double scale = DpiScale(Dpi());
     auto* grid = requireChild<DefinitionGrid>(m_appTitleBar, "TitleBarGrid");
     // No system buttons on the left; ours take the right.
-    grid->SetColumnWidth(RightInsetColumn, {RightInset() / scale, GridUnitType::Pixel});
-    grid->SetColumnWidth(LeftInsetColumn, {0 / scale, GridUnitType::Pixel});
+    grid->ColumnDefinitions().SetAt(RightInsetColumn, {RightInset() / scale, GridUnitType::Pixel});
+    grid->ColumnDefinitions().SetAt(LeftInsetColumn, {0 / scale, GridUnitType::Pixel});
     grid->LayoutNow(); // the widths below are the new layout's
 
     const QList<double> widths = grid->ActualColumnWidths();
