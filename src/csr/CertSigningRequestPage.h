@@ -1,6 +1,7 @@
 #pragma once
 
 #include "CertSigningRequestViewModel.h"
+#include "Coroutines.h"
 
 #include <QQuickItem>
 #include <QtQml/qqmlregistration.h>
@@ -21,7 +22,15 @@ public:
 
     CertSigningRequestViewModel* ViewModel() const { return m_viewModel; }
 
+    // The generate button's click: starts the generation, which nobody waits for.
+    Q_INVOKABLE void OnGenerateClick(QObject* sender) { GenerateAsync(sender); }
+
+protected:
+    void itemChange(ItemChange change, const ItemChangeData& data) override;
+
 private:
+    FireAndForget GenerateAsync(QObject* sender);
+
     CertSigningRequestViewModel* m_viewModel;
 };
 

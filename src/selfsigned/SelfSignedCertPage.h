@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Coroutines.h"
 #include "SelfSignedCertViewModel.h"
 
 #include <QQuickItem>
@@ -21,7 +22,15 @@ public:
 
     SelfSignedCertViewModel* ViewModel() const { return m_viewModel; }
 
+    // The generate button's click: starts the generation, which nobody waits for.
+    Q_INVOKABLE void OnGenerateClick(QObject* sender) { GenerateAsync(sender); }
+
+protected:
+    void itemChange(ItemChange change, const ItemChangeData& data) override;
+
 private:
+    FireAndForget GenerateAsync(QObject* sender);
+
     SelfSignedCertViewModel* m_viewModel;
 };
 

@@ -1,0 +1,26 @@
+import QtQuick
+import QtQuick.Controls
+
+// A failure of a generation: the flow's title, the wording of the code, and
+// one button. Goes away when closed.
+Dialog {
+    id: dialog
+
+    property alias text: body.text
+
+    objectName: "FailureDialog"
+    modal: true
+    anchors.centerIn: parent
+    width: Math.min(parent ? parent.width - 48 : 480, 520)
+    standardButtons: Dialog.Ok
+    closePolicy: Popup.CloseOnEscape
+
+    Label {
+        id: body
+
+        objectName: "FailureText"
+        width: parent.width
+        wrapMode: Text.Wrap
+        textFormat: Text.PlainText
+    }
+}

@@ -1,0 +1,289 @@
+#include "App.h"
+#include "CertSigningRequestPage.h"
+#include "FileManager.h"
+#include "FilePicker.h"
+#include "MainWindow.h"
+#include "NavigationView.h"
+#include "NavigationViewItem.h"
+#include "OpenSslReader.h"
+#include "PageFrame.h"
+#include "SelfSignedCertPage.h"
+
+#include <QQuickItem>
+#include <QQuickWindow>
+#include <QRegularExpression>
+#include <QStandardPaths>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QtQml/qqmlextensionplugin.h>
+
+#include <memory>
+
+Q_IMPORT_QML_PLUGIN(ZorvanePlugin)
+
+using namespace Zorvane;
+using namespace Zorvane::Testing;
+using namespace Qt::StringLiterals;
+
+// Both certificate pages in the real window, driven by keys and the mouse;
+// the file picker is answered by the test and the reveal is watched.
+class TestCertificatePages : public QObject
+{
+    Q_OBJECT
+
+    std::unique_ptr<App> m_app;
+    QQuickWindow* m_window = nullptr;
+    QTemporaryDir m_dir;
+    QList<FilePickRequest> m_requests;
+    std::optional<QString> m_answer;
+    QList<QStringList> m_reveals;
+
+    QQuickItem* page() const
+    {
+        return m_window->findChild<PageFrame*>(u"ContentFrame"_s)->Content();
+    }
+
+    QQuickItem* control(const char* name) const
+    {
+        return page()->findChild<QQuickItem*>(QLatin1String(name));
+    }
+
+    void open(int entry)
+    {
+        // Through another page, so that the page comes new with a new view model.
+        auto* nav = m_window->findChild<NavigationView*>(u"NavView"_s);
+        nav->setSelectedItem(nav->MenuItems().at(entry == 3 ? 1 : 3));
+        nav->setSelectedItem(nav->MenuItems().at(entry));
+        QTRY_VERIFY(control("CommonNameCtrl") && control("CommonNameCtrl")->hasActiveFocus());
+    }
+
+    void click(QQuickItem* item)
+    {
+        const QPointF centre = item->mapToScene(QPointF(item->width() / 2, item->height() / 2));
+        QTest::mouseClick(m_window, Qt::LeftButton, {}, centre.toPoint());
+    }
+
+    void type(QQuickItem* item, const QString& text)
+    {
+        click(item);
+        for (const QChar c : text) {
+            if (c == u'\n') {
+                QTest::keyClick(m_window, Qt::Key_Return);
+            } else {
+                QTest::keyClick(m_window, c.toLatin1());
+            }
+        }
+    }
+
+    QStringList statesDuring(const std::function<void()>& action, const std::function<bool()>& done)
+    {
+        QStringList states;
+        const auto connection = connect(page(), &QQuickItem::stateChanged, this,
+                                        [&](const QString& state) { states << state; });
+        action();
+        const bool finished = QTest::qWaitFor(done, 120000);
+        disconnect(connection);
+        if (!finished) {
+            states << u"(timed out)"_s;
+        }
+        return states;
+    }
+
+private Q_SLOTS:
+    void initTestCase()
+    {
+        QStandardPaths::setTestModeEnabled(true);
+        SetFilePickHandler([this](QWindow*, const FilePickRequest& request, FilePickDone done) {
+            m_requests << request;
+            done(m_answer);
+        });
+        FileManager::SetRevealHandler([this](const QStringList& paths) { m_reveals << paths; });
+        m_app = std::make_unique<App>();
+        m_app->OnLaunched();
+        m_window = m_app->Window()->Window();
+        QVERIFY(QTest::qWaitForWindowExposed(m_window));
+        QTRY_VERIFY(page() != nullptr);
+    }
+
+    void cleanupTestCase()
+    {
+        SetFilePickHandler({});
+        FileManager::SetRevealHandler({});
+        m_app.reset();
+    }
+
+    void init()
+    {
+        m_requests.clear();
+        m_reveals.clear();
+    }
+
+    void freshSelfSignedPage()
+    {
+        open(1);
+        auto* self = qobject_cast<SelfSignedCertPage*>(page());
+        QVERIFY(self);
+        QVERIFY(!control("GeneratePemButton")->isEnabled());
+        QVERIFY(!control("GeneratePkcs12Button")->isEnabled());
+        QCOMPARE(control("KeySizeCtrl")->property("currentValue"), QVariant(2048));
+        QCOMPARE(control("ValidDaysCtrl")->property("value").toInt(), 365);
+        QCOMPARE(control("CommonNameHeader")->property("text").toString(), u"Common Name"_s);
+
+        // The buttons follow each key press, before the box loses the focus.
+        QTest::keyClick(m_window, 'a');
+        QVERIFY(control("GeneratePemButton")->isEnabled());
+        QCOMPARE(self->ViewModel()->CommonName(), QString());
+        QTest::keyClick(m_window, Qt::Key_Backspace);
+        QVERIFY(!control("GeneratePemButton")->isEnabled());
+
+        click(control("ForDigitalSigningCtrl"));
+        QCOMPARE(control("CommonNameHeader")->property("text").toString(), u"Issuer"_s);
+        QCOMPARE(control("CommonNameCtrl")->property("placeholderText").toString(), QString());
+        QVERIFY(self->ViewModel()->ForDigitalSigning());
+        click(control("ServerCtrl"));
+        QCOMPARE(control("CommonNameHeader")->property("text").toString(), u"Common Name"_s);
+        QCOMPARE(control("CommonNameCtrl")->property("placeholderText").toString(),
+                 u"www.example.com"_s);
+    }
+
+    void emptyNameOpensNoPicker()
+    {
+        open(1);
+        qobject_cast<SelfSignedCertPage*>(page())->OnGenerateClick(control("GeneratePemButton"));
+        QTest::qWait(50);
+        QVERIFY(m_requests.isEmpty());
+    }
+
+    void cancelledPickerWritesNothing()
+    {
+        open(1);
+        type(control("CommonNameCtrl"), u"host.example"_s);
+        m_answer.reset();
+        const QStringList states = statesDuring([&] { click(control("GeneratePemButton")); },
+                                                [&] { return !m_requests.isEmpty(); });
+        QTest::qWait(50);
+        QCOMPARE(states, QStringList{});
+        QVERIFY(m_reveals.isEmpty());
+        QCOMPARE(m_requests.first().choiceKey, u"PEM"_s);
+        QCOMPARE(m_requests.first().extensions, QStringList{u".crt"_s});
+        QCOMPARE(m_requests.first().defaultExtension, u".crt"_s);
+    }
+
+    void selfSignedPemRun()
+    {
+        open(1);
+        type(control("CommonNameCtrl"), u"host.example"_s);
+        type(control("PassphraseCtrl"), u"pw"_s);
+        m_answer = m_dir.filePath(u"server"_s); // no extension: ".crt" is added
+        const QStringList states = statesDuring([&] { click(control("GeneratePemButton")); },
+                                                [&] { return !m_reveals.isEmpty(); });
+        QCOMPARE(states, (QStringList{u"InProgress"_s, u"Normal"_s}));
+        const QString cert = m_dir.filePath(u"server.crt"_s);
+        const QString key = m_dir.filePath(u"server.key"_s);
+        QCOMPARE(m_reveals.first(), (QStringList{cert, key}));
+
+        const X509Ptr certificate = readCertificate(cert);
+        QVERIFY(certificate);
+        QCOMPARE(nameEntries(X509_get_subject_name(certificate.get())),
+                 QStringList{u"CN=host.example"_s});
+        QCOMPARE(certificateExtensions(certificate.get()),
+                 QStringList{u"X509v3 Subject Alternative Name: DNS:host.example"_s});
+        QCOMPARE(validitySeconds(certificate.get()), 365 * 86400); // the box was not edited
+        QCOMPARE(EVP_PKEY_get_bits(X509_get0_pubkey(certificate.get())), 2048);
+        QVERIFY(readPrivateKey(key, "pw"));
+        QCOMPARE(fileMode(key), std::optional<unsigned>(0600));
+    }
+
+    void selfSignedBundleRun()
+    {
+        open(1);
+        click(control("ForDigitalSigningCtrl"));
+        type(control("CommonNameCtrl"), u"Jane Signer"_s);
+        click(control("ValidDaysCtrl"));
+        QTest::keyClick(m_window, Qt::Key_Up); // 366, which the model keeps as 1
+        m_answer = m_dir.filePath(u"signer"_s);
+        statesDuring([&] { click(control("GeneratePkcs12Button")); },
+                     [&] { return !m_reveals.isEmpty(); });
+        QCOMPARE(m_requests.first().extensions, (QStringList{u".pfx"_s, u".p12"_s}));
+        const QString bundle = m_dir.filePath(u"signer.pfx"_s);
+        QCOMPARE(m_reveals.first(), QStringList{bundle});
+        QVERIFY(!QFile::exists(m_dir.filePath(u"signer.key"_s)));
+        const CommandResult info = runOpenSsl(
+            {u"pkcs12"_s, u"-in"_s, bundle, u"-nokeys"_s, u"-passin"_s, u"pass:"_s, u"-clcerts"_s});
+        QVERIFY2(info.exitCode == 0, qPrintable(info.output));
+        const CommandResult text = runOpenSsl(
+            {u"x509"_s, u"-noout"_s, u"-subject"_s, u"-dates"_s, u"-ext"_s, u"keyUsage"_s},
+            info.output.toUtf8());
+        QVERIFY2(text.output.contains(u"CN = Jane Signer"_s), qPrintable(text.output));
+        QVERIFY2(text.output.contains(u"Digital Signature"_s), qPrintable(text.output));
+        QCOMPARE(fileMode(bundle), std::optional<unsigned>(0600));
+    }
+
+    void requestRun()
+    {
+        open(2);
+        auto* request = qobject_cast<CertSigningRequestPage*>(page());
+        QVERIFY(request);
+        type(control("CommonNameCtrl"), u"www.example"_s);
+        type(control("AltNamesCtrl"), u"api.example\n10.0.0.1\n::1"_s);
+        type(control("OrganizationCtrl"), u"Example Ltd"_s);
+        type(control("CountryCodeCtrl"), u"GB"_s);
+        click(control("KeySizeCtrl")); // the selector shows 2048; the key stays 4096
+        QTest::keyClick(m_window, Qt::Key_Up);
+        QTest::keyClick(m_window, Qt::Key_Up);
+        QTest::keyClick(m_window, Qt::Key_Return);
+        m_answer = m_dir.filePath(u"www"_s);
+        statesDuring([&] { click(control("GenerateButton")); },
+                     [&] { return !m_reveals.isEmpty(); });
+        QCOMPARE(request->ViewModel()->AltNames(), u"api.example\r10.0.0.1\r::1"_s);
+        const QString csr = m_dir.filePath(u"www.csr"_s);
+        QCOMPARE(m_reveals.first(), (QStringList{csr, m_dir.filePath(u"www.key"_s)}));
+
+        const X509ReqPtr req = readRequest(csr);
+        QVERIFY(req);
+        QCOMPARE(nameEntries(X509_REQ_get_subject_name(req.get())),
+                 (QStringList{u"CN=www.example"_s, u"O=Example Ltd"_s, u"C=GB"_s}));
+        const QString san = u"X509v3 Subject Alternative Name: "_s;
+        QCOMPARE(
+            requestExtensions(req.get()),
+            (QStringList{san + u"DNS:www.example"_s, san + u"DNS:api.example"_s,
+                         san + u"IP Address:10.0.0.1"_s, san + u"IP Address:0:0:0:0:0:0:0:1"_s}));
+        QCOMPARE(EVP_PKEY_get_bits(X509_REQ_get0_pubkey(req.get())), 4096);
+        QCOMPARE(fileMode(m_dir.filePath(u"www.key"_s)), std::optional<unsigned>(0600));
+    }
+
+    void failureShowsTheDialogAndTheNextRunWorks()
+    {
+        open(2);
+        type(control("CommonNameCtrl"), u"bad.example"_s);
+        type(control("CountryCodeCtrl"), u"GBR"_s);
+        m_answer = m_dir.filePath(u"bad.csr"_s);
+        QObject* dialog = nullptr;
+        const QStringList states = statesDuring(
+            [&] { click(control("GenerateButton")); },
+            [&] {
+                return (dialog = m_window->findChild<QObject*>(u"FailureDialog"_s)) != nullptr;
+            });
+        QCOMPARE(states, (QStringList{u"InProgress"_s, u"Normal"_s}));
+        QCOMPARE(dialog->property("title").toString(),
+                 u"Failure Generating Certificate Signing Request"_s);
+        const QString text =
+            dialog->findChild<QObject*>(u"FailureText"_s)->property("text").toString();
+        QVERIFY2(QRegularExpression(u"^\\[ssl:\\d+\\] string too long$"_s).match(text).hasMatch(),
+                 qPrintable(text));
+        QVERIFY(m_reveals.isEmpty());
+        QCOMPARE(filesIn(m_dir.path()).filter(u"bad"_s), QStringList{}); // failed before any file
+
+        QTest::keyClick(m_window, Qt::Key_Escape); // closes the dialog
+        QTRY_VERIFY(m_window->findChild<QObject*>(u"FailureDialog"_s) == nullptr);
+        type(control("CountryCodeCtrl"), QString());
+        QTest::keyClick(m_window, Qt::Key_Backspace);
+        QTest::keyClick(m_window, Qt::Key_Tab);
+        statesDuring([&] { click(control("GenerateButton")); },
+                     [&] { return !m_reveals.isEmpty(); });
+        QVERIFY(readRequest(m_dir.filePath(u"bad.csr"_s)));
+    }
+};
+
+QTEST_MAIN(TestCertificatePages)
+#include "TestCertificatePages.moc"
