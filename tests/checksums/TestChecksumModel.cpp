@@ -3,6 +3,7 @@
 #include "ChecksumTesting.h"
 #include "ChosenAlgorithms.h"
 #include "Clipboard.h"
+#include "IsolatedConfig.h"
 #include "OpenSslChecksumsViewModel.h"
 
 #include <QClipboard>
@@ -35,8 +36,9 @@ class TestChecksumModel : public QObject
 {
     Q_OBJECT
 
+    Zorvane::Testing::IsolatedConfig m_config;
+
 private Q_SLOTS:
-    void initTestCase() { QStandardPaths::setTestModeEnabled(true); }
 
     void hashAlgoEvents()
     {

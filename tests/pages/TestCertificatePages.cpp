@@ -2,6 +2,7 @@
 #include "CertSigningRequestPage.h"
 #include "FileManager.h"
 #include "FilePicker.h"
+#include "IsolatedConfig.h"
 #include "MainWindow.h"
 #include "NavigationView.h"
 #include "NavigationViewItem.h"
@@ -30,6 +31,8 @@ using namespace Qt::StringLiterals;
 class TestCertificatePages : public QObject
 {
     Q_OBJECT
+
+    Zorvane::Testing::IsolatedConfig m_config;
 
     std::unique_ptr<App> m_app;
     QQuickWindow* m_window = nullptr;
@@ -92,7 +95,6 @@ class TestCertificatePages : public QObject
 private Q_SLOTS:
     void initTestCase()
     {
-        QStandardPaths::setTestModeEnabled(true);
         SetFilePickHandler([this](QWindow*, const FilePickRequest& request, FilePickDone done) {
             m_requests << request;
             done(m_answer);

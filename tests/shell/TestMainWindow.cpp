@@ -2,6 +2,7 @@
 #include "App.h"
 #include "ApplicationData.h"
 #include "HResultError.h"
+#include "IsolatedConfig.h"
 #include "MainWindow.h"
 #include "NavigationView.h"
 #include "NavigationViewItem.h"
@@ -27,6 +28,8 @@ using namespace Qt::StringLiterals;
 class TestMainWindow : public QObject
 {
     Q_OBJECT
+
+    Zorvane::Testing::IsolatedConfig m_config;
 
     std::unique_ptr<App> m_app;
     QQuickWindow* m_window = nullptr;
@@ -65,7 +68,6 @@ class TestMainWindow : public QObject
 private Q_SLOTS:
     void initTestCase()
     {
-        QStandardPaths::setTestModeEnabled(true);
         QFile::remove(ApplicationData::Current().LocalSettingsValues().filePath());
         m_app = std::make_unique<App>();
         QVERIFY(m_app->NoPackageIdentity()); // a test binary has no installed manifest

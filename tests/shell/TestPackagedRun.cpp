@@ -1,6 +1,7 @@
 #include "App.h"
 #include "ApplicationData.h"
 #include "DefinitionGrid.h"
+#include "IsolatedConfig.h"
 #include "MainWindow.h"
 #include "Package.h"
 
@@ -26,6 +27,8 @@ class TestPackagedRun : public QObject
 {
     Q_OBJECT
 
+    Zorvane::Testing::IsolatedConfig m_config;
+
     static QString manifestPath()
     {
         return QDir(QCoreApplication::applicationDirPath()).filePath(Package::ManifestRelativePath);
@@ -34,7 +37,6 @@ class TestPackagedRun : public QObject
 private Q_SLOTS:
     void initTestCase()
     {
-        QStandardPaths::setTestModeEnabled(true);
         QFile::remove(ApplicationData::Current().LocalSettingsValues().filePath());
         QVERIFY(QDir().mkpath(QFileInfo(manifestPath()).path()));
         QFile manifest(manifestPath());
