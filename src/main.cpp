@@ -1,6 +1,6 @@
 #include "App.h"
 
-#include <QGuiApplication>
+#include <QApplication>
 #include <QQuickStyle>
 #include <QtQml/qqmlextensionplugin.h>
 
@@ -8,12 +8,13 @@ Q_IMPORT_QML_PLUGIN(ZorvanePlugin)
 
 int main(int argc, char* argv[])
 {
-    // The command line is not read; Qt only needs to see it.
-    QGuiApplication application(argc, argv);
+    // The command line is not read; Qt only needs to see it. A widget
+    // application, for the file dialogs.
+    QApplication application(argc, argv);
     QQuickStyle::setStyle(QStringLiteral("Fusion"));
 
     Zorvane::App app;
     app.OnLaunched();
-    QGuiApplication::exec();
+    QApplication::exec();
     return 0;
 }

@@ -107,7 +107,14 @@ CertSigningRequestPage {
                 FieldHeader { text: "Alternative names (one per line)" }
                 ScrollView {
                     Layout.fillWidth: true
-                    Layout.preferredHeight: 96
+                    Layout.preferredHeight: 104
+                    padding: 1
+                    // Framed like the other fields: a bare text area reads as a label.
+                    background: Rectangle {
+                        color: palette.base
+                        radius: 2
+                        border.color: altNamesCtrl.activeFocus ? palette.highlight : palette.mid
+                    }
 
                     TextArea {
                         id: altNamesCtrl

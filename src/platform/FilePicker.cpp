@@ -1,11 +1,10 @@
 #include "FilePicker.h"
 
 #include <QCoreApplication>
-#include <QQmlComponent>
-#include <QQmlEngine>
-#include <QUrl>
+#include <QFileDialog>
 #include <QWindow>
-#include <QtQml/qqml.h>
+
+#include <memory>
 
 namespace Zorvane {
 
@@ -17,71 +16,46 @@ FilePickHandler& handler()
     return installed;
 }
 
-// Hands the dialog's answer on once, then lets the dialog go.
-class DialogRelay : public QObject
-{
-    Q_OBJECT
-
-public:
-    DialogRelay(QObject* dialog, FilePickDone done)
-        : QObject(dialog), m_dialog(dialog), m_done(std::move(done))
-    {
-        // QML-declared signals, reached by name.
-        connect(dialog, SIGNAL(accepted()), this, SLOT(onAccepted()));
-        connect(dialog, SIGNAL(rejected()), this, SLOT(onRejected()));
-    }
-
-private Q_SLOTS:
-    void onAccepted() { finish(m_dialog->property("selectedFile").toUrl().toLocalFile()); }
-    void onRejected() { finish(std::nullopt); }
-
-private:
-    void finish(std::optional<QString> path)
-    {
-        if (m_done) {
-            FilePickDone done = std::move(m_done);
-            m_done = nullptr;
-            done(std::move(path));
-        }
-        m_dialog->deleteLater();
-    }
-
-    QObject* m_dialog;
-    FilePickDone m_done;
-};
-
-// The toolkit's file dialog, owned by the window that asked.
+// The toolkit's file dialog, modal to the window that asked. (Qt 6.4's QML
+// FileDialog loses a typed name in save mode, so the widget dialog serves.)
 void showDialog(QWindow* owner, const FilePickRequest& request, FilePickDone done)
 {
-    QQmlEngine* engine = owner != nullptr ? qmlEngine(owner) : nullptr;
-    QObject* dialog = nullptr;
-    if (engine != nullptr) {
-        QQmlComponent component(engine);
-        component.setData("import QtQuick.Dialogs\nFileDialog {}\n", QUrl());
-        dialog = component.create();
-    }
-    if (dialog == nullptr) {
-        done(std::nullopt);
-        return;
-    }
-    dialog->setParent(owner);
+    const bool save = request.mode == FilePickRequest::Mode::Save;
+    auto* dialog = new QFileDialog;
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    dialog->setAcceptMode(save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
+    dialog->setFileMode(save ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
     QStringList patterns;
     for (const QString& extension : request.extensions) {
         patterns << QLatin1Char('*') + extension;
     }
-    const QString filter = patterns.isEmpty()
-                               ? QStringLiteral("All files (*)")
-                               : request.choiceKey + QStringLiteral(" (") +
-                                     patterns.join(QLatin1Char(' ')) + QLatin1Char(')');
-    constexpr int OpenFile = 0;
-    constexpr int SaveFile = 2;
-    dialog->setProperty("nameFilters", QStringList{filter});
-    dialog->setProperty("fileMode",
-                        request.mode == FilePickRequest::Mode::Save ? SaveFile : OpenFile);
-    dialog->setProperty("defaultSuffix", request.defaultExtension.mid(1));
-    dialog->setProperty("parentWindow", QVariant::fromValue(owner));
-    new DialogRelay(dialog, std::move(done));
-    QMetaObject::invokeMethod(dialog, "open");
+    dialog->setNameFilter(patterns.isEmpty()
+                              ? QStringLiteral("All files (*)")
+                              : request.choiceKey + QStringLiteral(" (") +
+                                    patterns.join(QLatin1Char(' ')) + QLatin1Char(')'));
+    if (!request.defaultExtension.isEmpty()) {
+        dialog->setDefaultSuffix(request.defaultExtension.mid(1));
+    }
+    if (owner != nullptr) {
+        dialog->setWindowModality(Qt::WindowModal);
+        dialog->winId();
+        dialog->windowHandle()->setTransientParent(owner);
+    }
+
+    // Exactly one answer, whichever way the dialog ends.
+    auto answer = std::make_shared<FilePickDone>(std::move(done));
+    const auto finish = [answer](std::optional<QString> path) {
+        if (*answer) {
+            FilePickDone once = std::move(*answer);
+            *answer = nullptr;
+            once(std::move(path));
+        }
+    };
+    QObject::connect(dialog, &QFileDialog::fileSelected, dialog, [finish](const QString& path) {
+        finish(path.isEmpty() ? std::nullopt : std::optional<QString>(path));
+    });
+    QObject::connect(dialog, &QObject::destroyed, [finish] { finish(std::nullopt); });
+    dialog->open();
 }
 
 } // namespace
@@ -112,5 +86,3 @@ void PickFileAsync::await_suspend(std::coroutine_handle<> handle)
 }
 
 } // namespace Zorvane
-
-#include "FilePicker.moc"
