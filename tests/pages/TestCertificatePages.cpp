@@ -10,12 +10,15 @@
 #include "PageFrame.h"
 #include "SelfSignedCertPage.h"
 
+#include <QAccessible>
+#include <QElapsedTimer>
 #include <QQuickItem>
 #include <QQuickWindow>
 #include <QRegularExpression>
 #include <QStandardPaths>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QTimer>
 #include <QtQml/qqmlextensionplugin.h>
 
 #include <memory>
@@ -252,6 +255,65 @@ private Q_SLOTS:
                          san + u"IP Address:10.0.0.1"_s, san + u"IP Address:0:0:0:0:0:0:0:1"_s}));
         QCOMPARE(EVP_PKEY_get_bits(X509_REQ_get0_pubkey(req.get())), 4096);
         QCOMPARE(fileMode(m_dir.filePath(u"www.key"_s)), std::optional<unsigned>(0600));
+    }
+
+    void keyboardOrder_data()
+    {
+        QTest::addColumn<int>("entry");
+        QTest::addColumn<QStringList>("order"); // named controls met by Tab from the name
+        QTest::newRow("self-signed")
+            << 1
+            << QStringList{u"ValidDaysCtrl"_s, u"KeySizeCtrl"_s, u"PassphraseCtrl"_s,
+                           u"GeneratePemButton"_s, u"GeneratePkcs12Button"_s};
+        QTest::newRow("request")
+            << 2
+            << QStringList{u"AltNamesCtrl"_s, u"OrganizationCtrl"_s, u"OrganizationalUnitCtrl"_s,
+                           u"LocationCtrl"_s, u"StateCtrl"_s,        u"CountryCodeCtrl"_s,
+                           u"KeySizeCtrl"_s,  u"PassphraseCtrl"_s,   u"GenerateButton"_s};
+    }
+
+    void keyboardOrder()
+    {
+        QFETCH(int, entry);
+        QFETCH(QStringList, order);
+        open(entry);
+        QTest::keyClick(m_window, 'x'); // enables the generate buttons
+        QStringList met;
+        for (int i = 0; i < 20 && met.size() < order.size(); ++i) {
+            QTest::keyClick(m_window, Qt::Key_Tab);
+            for (QQuickItem* item = m_window->activeFocusItem(); item; item = item->parentItem()) {
+                const QString name = item->objectName();
+                if (name.endsWith(u"Ctrl"_s) || name.endsWith(u"Button"_s)) {
+                    if (met.isEmpty() || met.last() != name) {
+                        met << name;
+                    }
+                    // What a screen reader hears for it.
+                    QAccessibleInterface* accessible = QAccessible::queryAccessibleInterface(item);
+                    QVERIFY2(accessible && !accessible->text(QAccessible::Name).isEmpty(),
+                             qPrintable(name));
+                    break;
+                }
+            }
+        }
+        QCOMPARE(met, order);
+    }
+
+    void windowStaysResponsiveDuringKeyGeneration()
+    {
+        open(2);
+        type(control("CommonNameCtrl"), u"busy.example"_s);
+        m_answer = m_dir.filePath(u"busy"_s);
+        int ticks = 0;
+        QTimer ticker;
+        connect(&ticker, &QTimer::timeout, this, [&] { ++ticks; });
+        ticker.start(10);
+        QElapsedTimer elapsed;
+        elapsed.start();
+        statesDuring([&] { click(control("GenerateButton")); },
+                     [&] { return !m_reveals.isEmpty(); });
+        // A loop blocked by the key generation would deliver about one tick.
+        QVERIFY2(ticks >= elapsed.elapsed() / 40,
+                 qPrintable(u"%1 ticks in %2 ms"_s.arg(ticks).arg(elapsed.elapsed())));
     }
 
     void failureShowsTheDialogAndTheNextRunWorks()
