@@ -1,7 +1,10 @@
 #pragma once
 
+#include "ChecksumRun.h"
+#include "Coroutines.h"
 #include "OpenSslChecksumsViewModel.h"
 
+#include <QPointer>
 #include <QQuickItem>
 #include <QtQml/qqmlregistration.h>
 
@@ -12,20 +15,46 @@ namespace Zorvane {
 // The checksum page. Its layout is the markup OpenSslChecksumsPage.qml, loaded
 // at run time. A run keeps the view model alive after the page has gone, so
 // the page shares it rather than owning it alone.
-class OpenSslChecksumsPage : public QQuickItem
+class OpenSslChecksumsPage : public QQuickItem, public ChecksumRunHost
 {
     Q_OBJECT
     QML_ELEMENT
 
-    Q_PROPERTY(Zorvane::OpenSslChecksumsViewModel* ViewModel READ ViewModel CONSTANT)
+    Q_PROPERTY(Zorvane::OpenSslChecksumsViewModel* ViewModel READ viewModelObject CONSTANT)
 
 public:
     explicit OpenSslChecksumsPage(QQuickItem* parent = nullptr);
+    ~OpenSslChecksumsPage() override;
 
-    OpenSslChecksumsViewModel* ViewModel() const { return m_viewModel.get(); }
+    OpenSslChecksumsViewModel* viewModelObject() const { return m_viewModel.get(); }
+
+    // The user's commands, called by the markup.
+    Q_INVOKABLE void SelectFileClick() { SelectFileAsync(); }
+    Q_INVOKABLE void AlgorithmClick();
+    Q_INVOKABLE void SelectAllClick();
+    Q_INVOKABLE void SelectNoneClick();
+    Q_INVOKABLE void CopyAllClick();
+    Q_INVOKABLE void CopyTextClick(QObject* sender);
+
+    // What a run needs of the page.
+    QObject* PageObject() override { return this; }
+    std::shared_ptr<OpenSslChecksumsViewModel> ViewModel() override { return m_viewModel; }
+    QString FilePath() const override { return m_file; }
+    void ClearSizeText() override;
+
+protected:
+    void itemChange(ItemChange change, const ItemChangeData& data) override;
 
 private:
+    FireAndForget SelectFileAsync();
+    void OnLoaded();
+    void OnUnloaded();
+    QObject* named(const char* name) const;
+    bool noPackageIdentity() const;
+
     std::shared_ptr<OpenSslChecksumsViewModel> m_viewModel;
+    QString m_file;
+    bool m_loaded = false;
 };
 
 } // namespace Zorvane

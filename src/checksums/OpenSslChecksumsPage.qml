@@ -1,12 +1,225 @@
 import QtQuick
+import QtQuick.Controls
+import QtQuick.Layouts
 import Zorvane
 
+// One file, every chosen digest in one pass: the digests on the left, the
+// file, its size and one row per chosen digest on the right.
 OpenSslChecksumsPage {
     id: page
 
     state: "Normal"
     states: [
         State { name: "Normal" },
-        State { name: "InProgress" }
+        State {
+            name: "InProgress"
+            // Anything that would start a second run waits for this one.
+            PropertyChanges { target: fileButton; enabled: false }
+            PropertyChanges { target: allButton; enabled: false }
+            PropertyChanges { target: noneButton; enabled: false }
+            PropertyChanges { target: digestList; enabled: false }
+            PropertyChanges { target: busy; running: true }
+        }
     ]
+
+    RowLayout {
+        anchors.fill: parent
+        spacing: 24
+
+        // The digests on offer.
+        ColumnLayout {
+            Layout.preferredWidth: 190
+            Layout.maximumWidth: 190
+            Layout.fillWidth: false
+            Layout.fillHeight: true
+            spacing: 8
+
+            Label { text: "Digests"; font.weight: Font.DemiBold }
+            RowLayout {
+                spacing: 6
+                Button {
+                    id: allButton
+
+                    objectName: "AllButton"
+                    text: "All"
+                    Accessible.name: "Choose every digest"
+                    onClicked: page.SelectAllClick()
+                }
+                Button {
+                    id: noneButton
+
+                    objectName: "NoneButton"
+                    text: "None"
+                    Accessible.name: "Choose no digest"
+                    onClicked: page.SelectNoneClick()
+                }
+            }
+            ScrollView {
+                Layout.fillWidth: true
+                Layout.fillHeight: true
+                contentWidth: availableWidth
+
+                Column {
+                    id: digestList
+
+                    objectName: "DigestList"
+                    width: parent.width
+
+                    Repeater {
+                        model: page.ViewModel.AvailableHashAlgos
+
+                        CheckBox {
+                            required property QtObject algo
+
+                            objectName: "Check_" + (algo?.ShortName ?? "")
+                            width: digestList.width
+                            text: (algo?.ShortName ?? "")
+                            checked: (algo?.Checked ?? false)
+                            Accessible.name: (algo?.ShortName ?? "")
+                            ToolTip.visible: hovered
+                            ToolTip.delay: 600
+                            ToolTip.text: Helpers.FormatString("Calculate {0} checksum", (algo?.Description ?? ""), Helpers.UserLocaleName)
+                            onClicked: {
+                                algo.Checked = checked;
+                                page.AlgorithmClick();
+                            }
+                        }
+                    }
+                }
+            }
+        }
+
+        // The file and its results.
+        ColumnLayout {
+            Layout.fillWidth: true
+            Layout.fillHeight: true
+            spacing: 10
+
+            RowLayout {
+                spacing: 8
+                Button {
+                    id: fileButton
+
+                    objectName: "FileButton"
+                    text: "Choose File\u2026"
+                    highlighted: true
+                    Accessible.name: "Choose the file to check"
+                    onClicked: page.SelectFileClick()
+                }
+                Button {
+                    objectName: "CopyAllButton"
+                    text: "Copy All"
+                    enabled: Helpers.StringToEnabled(fileNameBox.text)
+                    Accessible.name: "Copy the path, the size and every checksum"
+                    onClicked: page.CopyAllClick()
+                }
+                BusyIndicator {
+                    id: busy
+
+                    objectName: "BusyIndicator"
+                    running: false
+                    visible: running
+                    implicitWidth: 32
+                    implicitHeight: 32
+                    Accessible.name: "Calculating"
+                }
+            }
+
+            Label {
+                id: fileNameBox
+
+                objectName: "fileNameBox"
+                Layout.fillWidth: true
+                elide: Text.ElideMiddle
+                font.weight: Font.DemiBold
+                Accessible.name: "File"
+            }
+
+            // The size row: value first, then its copy button, then the label.
+            DefinitionGrid {
+                objectName: "SizeRow"
+                Layout.fillWidth: true
+                columns: "150,*,Auto"
+
+                Label {
+                    id: sizeOutput
+
+                    objectName: "sizeOutput"
+                    DefinitionGrid.column: 1
+                    font.family: "monospace"
+                    verticalAlignment: Text.AlignVCenter
+                    Accessible.name: "Size in bytes"
+                }
+                ToolButton {
+                    objectName: "SizeCopyButton"
+                    DefinitionGrid.column: 2
+                    text: "Copy"
+                    visible: Helpers.StringToVisibility(sizeOutput.text) === 0
+                    Accessible.name: ToolTip.text
+                    ToolTip.visible: hovered
+                    ToolTip.text: Helpers.FormatString("Copy {0}", "Size (Bytes)", Helpers.UserLocaleName)
+                    onClicked: page.CopyTextClick(this)
+                }
+                Label {
+                    objectName: "SizeLabel"
+                    DefinitionGrid.column: 0
+                    text: Helpers.FormatString("{0}:", "Size (Bytes)", Helpers.UserLocaleName)
+                    verticalAlignment: Text.AlignVCenter
+                }
+            }
+
+            ScrollView {
+                Layout.fillWidth: true
+                Layout.fillHeight: true
+                contentWidth: availableWidth
+
+                Column {
+                    width: parent.width
+                    spacing: 4
+
+                    Repeater {
+                        model: page.ViewModel.AvailableHashAlgos
+
+                        // One result: value first, then its copy button, then the label.
+                        DefinitionGrid {
+                            required property QtObject algo
+
+                            objectName: "Row_" + (algo?.ShortName ?? "")
+                            width: parent ? parent.width : 0
+                            columns: "150,*,Auto"
+                            visible: Helpers.BooleanToVisibility((algo?.Checked ?? false)) === 0
+
+                            TextEdit {
+                                objectName: "Value_" + (algo?.ShortName ?? "")
+                                DefinitionGrid.column: 1
+                                text: (algo?.Checksum ?? "")
+                                readOnly: true
+                                selectByMouse: true
+                                wrapMode: TextEdit.WrapAnywhere
+                                font.family: "monospace"
+                                color: palette.text
+                                selectionColor: palette.highlight
+                                Accessible.name: (algo?.ShortName ?? "") + " checksum"
+                            }
+                            ToolButton {
+                                objectName: "Copy_" + (algo?.ShortName ?? "")
+                                DefinitionGrid.column: 2
+                                text: "Copy"
+                                visible: Helpers.StringToVisibility((algo?.Checksum ?? "")) === 0
+                                Accessible.name: ToolTip.text
+                                ToolTip.visible: hovered
+                                ToolTip.text: Helpers.FormatString("Copy {0}", (algo?.ShortName ?? ""), Helpers.UserLocaleName)
+                                onClicked: page.CopyTextClick(this)
+                            }
+                            Label {
+                                DefinitionGrid.column: 0
+                                text: Helpers.FormatString("{0}:", (algo?.ShortName ?? ""), Helpers.UserLocaleName)
+                                topPadding: 2
+                            }
+                        }
+                    }
+                }
+            }
+        }
+    }
 }

@@ -63,12 +63,7 @@ QString lengthsText(const QList<GridLength>& lengths)
     return parts.join(QLatin1Char(','));
 }
 
-struct Cell
-{
-    int start;
-    int span;
-    double content; ///< the child's implicit size along this axis
-};
+using Cell = DefinitionGrid::Cell;
 
 // Pixel lengths as given, Auto from the largest single-span content, Star
 // sharing what is left by weight.
@@ -214,6 +209,15 @@ QString DefinitionGrid::columnsText() const
 void DefinitionGrid::relayout()
 {
     Q_EMIT definitionsChanged();
+    contentChanged();
+}
+
+void DefinitionGrid::contentChanged()
+{
+    // The implicit size goes out at once, not only at the next polish, so that
+    // an enclosing layout hears of it in its own time.
+    const Layout layout = measure();
+    setImplicitSize(layout.naturalWidth, layout.naturalHeight);
     polish();
 }
 
@@ -222,14 +226,15 @@ void DefinitionGrid::itemChange(ItemChange change, const ItemChangeData& data)
     QQuickItem::itemChange(change, data);
     if (change == ItemChildAddedChange) {
         QQuickItem* child = data.item;
-        connect(child, &QQuickItem::implicitWidthChanged, this, &QQuickItem::polish);
-        connect(child, &QQuickItem::implicitHeightChanged, this, &QQuickItem::polish);
-        connect(child, &QQuickItem::visibleChanged, this, &QQuickItem::polish);
-        connect(placementOf(child), &DefinitionGridAttached::changed, this, &QQuickItem::polish);
-        polish();
+        connect(child, &QQuickItem::implicitWidthChanged, this, &DefinitionGrid::contentChanged);
+        connect(child, &QQuickItem::implicitHeightChanged, this, &DefinitionGrid::contentChanged);
+        connect(child, &QQuickItem::visibleChanged, this, &DefinitionGrid::contentChanged);
+        connect(placementOf(child), &DefinitionGridAttached::changed, this,
+                &DefinitionGrid::contentChanged);
+        contentChanged();
     } else if (change == ItemChildRemovedChange) {
         disconnect(data.item, nullptr, this, nullptr);
-        polish();
+        contentChanged();
     }
 }
 
@@ -239,35 +244,29 @@ void DefinitionGrid::geometryChange(const QRectF& newGeometry, const QRectF& old
     polish();
 }
 
-void DefinitionGrid::updatePolish()
+DefinitionGrid::Layout DefinitionGrid::measure() const
 {
     // Without definitions there is one star row or column.
     const auto orOneStar = [](const QList<GridLength>& items) {
         return items.isEmpty() ? QList<GridLength>{GridLength{}} : items;
     };
-    const QList<GridLength> rows = orOneStar(m_rows.items());
-    const QList<GridLength> columns = orOneStar(m_columns.items());
-
-    QList<QQuickItem*> children;
-    QList<Cell> rowCells;
-    QList<Cell> columnCells;
+    Layout layout;
+    layout.rows = orOneStar(m_rows.items());
+    layout.columns = orOneStar(m_columns.items());
     for (QQuickItem* child : childItems()) {
         if (!child->isVisible()) {
             continue;
         }
         const DefinitionGridAttached* at = placementOf(child);
-        const int row = std::clamp(at->row(), 0, int(rows.size()) - 1);
-        const int column = std::clamp(at->column(), 0, int(columns.size()) - 1);
-        children << child;
-        rowCells << Cell{row, std::min(at->rowSpan(), int(rows.size()) - row),
-                         child->implicitHeight()};
-        columnCells << Cell{column, std::min(at->columnSpan(), int(columns.size()) - column),
-                            child->implicitWidth()};
+        const int row = std::clamp(at->row(), 0, int(layout.rows.size()) - 1);
+        const int column = std::clamp(at->column(), 0, int(layout.columns.size()) - 1);
+        layout.children << child;
+        layout.rowCells << Cell{row, std::min(at->rowSpan(), int(layout.rows.size()) - row),
+                                child->implicitHeight()};
+        layout.columnCells << Cell{column,
+                                   std::min(at->columnSpan(), int(layout.columns.size()) - column),
+                                   child->implicitWidth()};
     }
-
-    m_columnSizes = solve(columns, columnCells, width());
-    m_rowSizes = solve(rows, rowCells, height());
-
     // What the grid needs: fixed and Auto lengths, star lengths at their content.
     const auto natural = [](const QList<GridLength>& definitions, const QList<Cell>& cells) {
         const QList<double> sizes = solve(definitions, cells, 0);
@@ -285,13 +284,23 @@ void DefinitionGrid::updatePolish()
         }
         return total;
     };
-    setImplicitSize(natural(columns, columnCells), natural(rows, rowCells));
+    layout.naturalWidth = natural(layout.columns, layout.columnCells);
+    layout.naturalHeight = natural(layout.rows, layout.rowCells);
+    return layout;
+}
 
-    for (qsizetype i = 0; i < children.size(); ++i) {
-        const Cell& r = rowCells[i];
-        const Cell& c = columnCells[i];
-        children[i]->setPosition({offsetOf(m_columnSizes, c.start), offsetOf(m_rowSizes, r.start)});
-        children[i]->setSize(
+void DefinitionGrid::updatePolish()
+{
+    const Layout layout = measure();
+    setImplicitSize(layout.naturalWidth, layout.naturalHeight);
+    m_columnSizes = solve(layout.columns, layout.columnCells, width());
+    m_rowSizes = solve(layout.rows, layout.rowCells, height());
+    for (qsizetype i = 0; i < layout.children.size(); ++i) {
+        const Cell& r = layout.rowCells[i];
+        const Cell& c = layout.columnCells[i];
+        layout.children[i]->setPosition(
+            {offsetOf(m_columnSizes, c.start), offsetOf(m_rowSizes, r.start)});
+        layout.children[i]->setSize(
             {spanOf(m_columnSizes, c.start, c.span), spanOf(m_rowSizes, r.start, r.span)});
     }
 }

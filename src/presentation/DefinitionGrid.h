@@ -116,8 +116,31 @@ protected:
     void itemChange(ItemChange change, const ItemChangeData& data) override;
     void geometryChange(const QRectF& newGeometry, const QRectF& oldGeometry) override;
 
+public:
+    // Where one visible child stands along one axis.
+    struct Cell
+    {
+        int start;
+        int span;
+        double content; ///< the child's implicit size along this axis
+    };
+
 private:
+    // The grid's definitions, its visible children and where each stands.
+    struct Layout
+    {
+        QList<GridLength> rows;
+        QList<GridLength> columns;
+        QList<QQuickItem*> children;
+        QList<Cell> rowCells;
+        QList<Cell> columnCells;
+        double naturalWidth = 0;
+        double naturalHeight = 0;
+    };
+
     void relayout();
+    void contentChanged();
+    Layout measure() const;
 
     DefinitionCollection m_rows{[this] {
         relayout();

@@ -1,9 +1,13 @@
 #include "App.h"
 #include "ApplicationData.h"
+#include "ChecksumSelection.h"
 #include "DefinitionGrid.h"
 #include "IsolatedConfig.h"
 #include "MainWindow.h"
+#include "NavigationView.h"
+#include "OpenSslChecksumsPage.h"
 #include "Package.h"
+#include "PageFrame.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -71,6 +75,34 @@ private Q_SLOTS:
         QQuickWindow* window = app.Window()->Window();
         QVERIFY(QTest::qWaitForWindowExposed(window));
         QTRY_COMPARE(window->geometry(), QRect(30, 40, 700, 500));
+    }
+
+    void chosenDigestsSurviveLeavingThePage()
+    {
+        App app;
+        app.OnLaunched();
+        QQuickWindow* window = app.Window()->Window();
+        QVERIFY(QTest::qWaitForWindowExposed(window));
+        auto* nav = window->findChild<NavigationView*>(u"NavView"_s);
+        auto* frame = window->findChild<PageFrame*>(u"ContentFrame"_s);
+        const auto chosen = [&] {
+            auto* page = qobject_cast<OpenSslChecksumsPage*>(frame->Content());
+            return page ? page->ViewModel()->HashAlgos()->items() : QList<HashAlgo*>{};
+        };
+
+        nav->setSelectedItem(nav->MenuItems().at(3));
+        QTRY_VERIFY(qobject_cast<OpenSslChecksumsPage*>(frame->Content()));
+        auto* page = qobject_cast<OpenSslChecksumsPage*>(frame->Content());
+        ChecksumSelection::ApplyStoredNames(*page->ViewModel(), u"SHA1,MD5"_s);
+
+        nav->setSelectedItem(nav->MenuItems().at(1)); // unloaded: saved
+        QCOMPARE(ApplicationData::Current().LocalSettingsValues().Lookup(u"ChosenAlgorithms"_s),
+                 QVariant(u"SHA1,MD5"_s));
+        nav->setSelectedItem(nav->MenuItems().at(3)); // loaded: the stored order
+        QTRY_COMPARE(chosen().size(), 2);
+        QCOMPARE(chosen().at(0)->ShortName(), u"SHA1"_s);
+        QVERIFY(chosen().at(1)->Checked());
+        window->close();
     }
 
     void chrome()

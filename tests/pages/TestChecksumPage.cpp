@@ -1,0 +1,219 @@
+#include "App.h"
+#include "ApplicationData.h"
+#include "Clipboard.h"
+#include "FilePicker.h"
+#include "HashAlgoVector.h"
+#include "IsolatedConfig.h"
+#include "MainWindow.h"
+#include "NavigationView.h"
+#include "OpenSslChecksumsPage.h"
+#include "OpenSslReader.h"
+#include "Package.h"
+#include "PageFrame.h"
+
+#include <QClipboard>
+#include <QDir>
+#include <QFile>
+#include <QGuiApplication>
+#include <QMimeData>
+#include <QQuickItem>
+#include <QQuickWindow>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QtQml/qqmlextensionplugin.h>
+
+#include <memory>
+
+Q_IMPORT_QML_PLUGIN(ZorvanePlugin)
+
+using namespace Zorvane;
+using namespace Zorvane::Testing;
+using namespace Qt::StringLiterals;
+
+// The checksum page in the real window, driven by the mouse, with the picker
+// answered by the test.
+class TestChecksumPage : public QObject
+{
+    Q_OBJECT
+
+    IsolatedConfig m_config;
+    std::unique_ptr<App> m_app;
+    QQuickWindow* m_window = nullptr;
+    QTemporaryDir m_dir;
+    QString m_file;
+    QList<FilePickRequest> m_requests;
+    std::optional<QString> m_answer;
+
+    OpenSslChecksumsPage* page() const
+    {
+        return qobject_cast<OpenSslChecksumsPage*>(
+            m_window->findChild<PageFrame*>(u"ContentFrame"_s)->Content());
+    }
+
+    // Walks the visual tree: a repeater's rows are not its QObject children.
+    static QQuickItem* findItem(QQuickItem* root, const QString& name)
+    {
+        if (root->objectName() == name) {
+            return root;
+        }
+        for (QQuickItem* child : root->childItems()) {
+            if (QQuickItem* found = findItem(child, name)) {
+                return found;
+            }
+        }
+        return nullptr;
+    }
+
+    QQuickItem* item(const QString& name) const
+    {
+        QQuickItem* found = findItem(page(), name);
+        if (found == nullptr) {
+            qWarning() << "no item" << name;
+        }
+        return found;
+    }
+    QString text(const QString& name) const { return item(name)->property("text").toString(); }
+
+    void open()
+    {
+        auto* nav = m_window->findChild<NavigationView*>(u"NavView"_s);
+        nav->setSelectedItem(nav->MenuItems().at(1));
+        nav->setSelectedItem(nav->MenuItems().at(3));
+        QTRY_VERIFY(page() && item(u"FileButton"_s)->hasActiveFocus());
+    }
+
+    void click(QQuickItem* target)
+    {
+        const QPointF centre =
+            target->mapToScene(QPointF(target->width() / 2, target->height() / 2));
+        QTest::mouseClick(m_window, Qt::LeftButton, {}, centre.toPoint());
+    }
+
+    // Clicks and waits for the run it starts to end.
+    void clickAndWait(QQuickItem* target)
+    {
+        QStringList states;
+        const auto connection = connect(page(), &QQuickItem::stateChanged, this,
+                                        [&](const QString& s) { states << s; });
+        click(target);
+        QTRY_VERIFY_WITH_TIMEOUT(states.contains(u"Normal"_s), 60000);
+        disconnect(connection);
+    }
+
+    QString expected(const QString& digest) const
+    {
+        QStringList arguments{u"dgst"_s, u"-r"_s, u"-"_s + digest};
+        if (digest.startsWith(u"SHAKE"_s)) {
+            arguments << u"-xoflen"_s << u"64"_s;
+        }
+        return runOpenSsl(arguments << m_file).output.section(u' ', 0, 0).toUpper();
+    }
+
+private Q_SLOTS:
+    void initTestCase()
+    {
+        m_file = m_dir.filePath(u"data.bin"_s);
+        QFile data(m_file);
+        QVERIFY(data.open(QIODevice::WriteOnly));
+        data.write(QByteArray(1234567, 'z'));
+        data.close();
+        SetFilePickHandler([this](QWindow*, const FilePickRequest& request, FilePickDone done) {
+            m_requests << request;
+            done(m_answer);
+        });
+        m_app = std::make_unique<App>();
+        m_app->OnLaunched();
+        m_window = m_app->Window()->Window();
+        QVERIFY(QTest::qWaitForWindowExposed(m_window));
+    }
+
+    void cleanupTestCase()
+    {
+        SetFilePickHandler({});
+        m_app.reset();
+    }
+
+    void firstShowing()
+    {
+        open();
+        QCOMPARE(text(u"sizeOutput"_s), QString()); // never "-1"
+        QVERIFY(!item(u"SizeCopyButton"_s)->isVisible());
+        QVERIFY(!item(u"CopyAllButton"_s)->isEnabled());
+        QVERIFY(!item(u"Row_SHA1"_s)->isVisible());
+    }
+
+    void cancelledPickerChangesNothing()
+    {
+        open();
+        m_answer.reset();
+        m_requests.clear();
+        QStringList states;
+        connect(page(), &QQuickItem::stateChanged, this, [&](const QString& s) { states << s; });
+        click(item(u"FileButton"_s));
+        QTRY_COMPARE(m_requests.size(), 1);
+        QCOMPARE(m_requests.first().mode, FilePickRequest::Mode::Open);
+        QTest::qWait(50);
+        QCOMPARE(states, QStringList{});
+        QCOMPARE(text(u"fileNameBox"_s), QString());
+    }
+
+    void pickTickUntickAllNone()
+    {
+        open();
+        m_answer = m_file;
+        clickAndWait(item(u"FileButton"_s));
+        QCOMPARE(text(u"fileNameBox"_s), m_file);
+        QCOMPARE(text(u"sizeOutput"_s), u"1234567"_s); // the size with no rows
+        QVERIFY(item(u"SizeCopyButton"_s)->isVisible());
+
+        clickAndWait(item(u"Check_SHA2-256"_s));
+        QVERIFY(item(u"Row_SHA2-256"_s)->isVisible());
+        QCOMPARE(text(u"Value_SHA2-256"_s), expected(u"SHA2-256"_s));
+        QVERIFY(item(u"Copy_SHA2-256"_s)->isVisible());
+
+        clickAndWait(item(u"AllButton"_s));
+        for (const QString& name : {u"MD5"_s, u"SHA3-512"_s, u"SHAKE-128"_s, u"BLAKE2B-512"_s}) {
+            QVERIFY(item(u"Row_"_s + name)->isVisible());
+            QCOMPARE(text(u"Value_"_s + name), expected(name));
+        }
+
+        clickAndWait(item(u"Check_MD5"_s)); // untick: the row goes at once
+        QVERIFY(!item(u"Row_MD5"_s)->isVisible());
+        clickAndWait(item(u"NoneButton"_s));
+        QVERIFY(!item(u"Row_SHA2-256"_s)->isVisible());
+        QCOMPARE(text(u"sizeOutput"_s), u"1234567"_s);
+    }
+
+    void copyAllAndOneValue()
+    {
+        open();
+        m_answer = m_file;
+        clickAndWait(item(u"FileButton"_s));
+        clickAndWait(item(u"Check_SHA1"_s));
+        clickAndWait(item(u"Check_MD5"_s));
+
+        click(item(u"CopyAllButton"_s));
+        const QMimeData* data = QGuiApplication::clipboard()->mimeData();
+        QCOMPARE(data->text(), m_file + u"\r\nSize (Bytes): 1234567\r\nMD5: "_s +
+                                   expected(u"MD5"_s) + u"\r\nSHA1: "_s + expected(u"SHA1"_s));
+        QCOMPARE(QString::fromUtf8(data->data(Clipboard::TitleMimeType)),
+                 u"Checksums for "_s + m_file);
+
+        click(item(u"Copy_SHA1"_s));
+        QCOMPARE(QGuiApplication::clipboard()->text(), expected(u"SHA1"_s));
+        click(item(u"SizeCopyButton"_s));
+        QCOMPARE(QGuiApplication::clipboard()->text(), u"1234567"_s);
+    }
+
+    void selectionNotKeptWithoutPackageIdentity()
+    {
+        open();
+        click(item(u"Check_SHA1"_s));
+        open(); // leaves and comes back: a new page
+        QVERIFY(!item(u"Check_SHA1"_s)->property("checked").toBool());
+        QVERIFY(!QFile::exists(ApplicationData::Current().LocalSettingsValues().filePath()));
+    }
+};
+
+QTEST_MAIN(TestChecksumPage)
+#include "TestChecksumPage.moc"
