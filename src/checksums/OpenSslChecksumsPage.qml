@@ -118,7 +118,8 @@ OpenSslChecksumsPage {
 
                     objectName: "BusyIndicator"
                     running: false
-                    visible: running
+                    // Always in the row, so that nothing moves when it starts;
+                    // the style draws nothing while it is not running.
                     implicitWidth: 32
                     implicitHeight: 32
                     Accessible.name: "Calculating"
