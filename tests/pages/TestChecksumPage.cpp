@@ -11,6 +11,7 @@
 #include "Package.h"
 #include "PageFrame.h"
 
+#include <QAccessible>
 #include <QClipboard>
 #include <QDir>
 #include <QFile>
@@ -203,6 +204,33 @@ private Q_SLOTS:
         QCOMPARE(QGuiApplication::clipboard()->text(), expected(u"SHA1"_s));
         click(item(u"SizeCopyButton"_s));
         QCOMPARE(QGuiApplication::clipboard()->text(), u"1234567"_s);
+    }
+
+    void everyControlByKeyboardWithAName()
+    {
+        open();
+        m_answer = m_file;
+        QTest::keyClick(m_window, Qt::Key_Space); // the file button has the focus
+        QTRY_COMPARE(text(u"fileNameBox"_s), m_file);
+        QSet<QString> reached;
+        for (int i = 0; i < 40; ++i) {
+            QTest::keyClick(m_window, Qt::Key_Tab);
+            QQuickItem* focus = m_window->activeFocusItem();
+            QAccessibleInterface* accessible = QAccessible::queryAccessibleInterface(focus);
+            QVERIFY2(accessible && !accessible->text(QAccessible::Name).isEmpty(),
+                     qPrintable(focus->objectName()));
+            reached << focus->objectName();
+        }
+        for (const QString& name : {u"CopyAllButton"_s, u"AllButton"_s, u"NoneButton"_s,
+                                    u"Check_SHA1"_s, u"FileButton"_s}) {
+            QVERIFY2(reached.contains(name), qPrintable(name));
+        }
+        // Space ticks a digest and starts a run, as a click does.
+        while (m_window->activeFocusItem()->objectName() != u"Check_MD5"_s) {
+            QTest::keyClick(m_window, Qt::Key_Tab);
+        }
+        QTest::keyClick(m_window, Qt::Key_Space);
+        QTRY_COMPARE(text(u"Value_MD5"_s), expected(u"MD5"_s));
     }
 
     void selectionNotKeptWithoutPackageIdentity()
