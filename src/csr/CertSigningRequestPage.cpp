@@ -4,6 +4,7 @@
 #include "FailureDialog.h"
 #include "FileManager.h"
 #include "FilePicker.h"
+#include "Focus.h"
 #include "VisualStates.h"
 #include "output_paths.h"
 #include "request_builder.h"
@@ -26,15 +27,8 @@ void CertSigningRequestPage::itemChange(ItemChange change, const ItemChangeData&
 {
     QQuickItem::itemChange(change, data);
     if (change == ItemSceneChange && data.window != nullptr) {
-        // Loaded: the focus goes to the name, once the page is in the window.
-        QMetaObject::invokeMethod(
-            this,
-            [this] {
-                if (auto* name = findChild<QQuickItem*>(QStringLiteral("CommonNameCtrl"))) {
-                    name->forceActiveFocus(Qt::OtherFocusReason);
-                }
-            },
-            Qt::QueuedConnection);
+        // Loaded: the focus goes to the name.
+        FocusNamedItemLater(this, QStringLiteral("CommonNameCtrl"));
     }
 }
 
