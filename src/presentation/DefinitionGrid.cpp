@@ -181,6 +181,18 @@ void DefinitionGridAttached::setColumnSpan(int span)
 
 DefinitionGrid::DefinitionGrid(QQuickItem* parent) : QQuickItem(parent) {}
 
+DefinitionGrid::~DefinitionGrid()
+{
+    // The base destructor lets the children go, and their changes must not
+    // reach a grid that is half gone.
+    for (QQuickItem* child : childItems()) {
+        disconnect(child, nullptr, this, nullptr);
+        if (QObject* placement = qmlAttachedPropertiesObject<DefinitionGrid>(child, false)) {
+            disconnect(placement, nullptr, this, nullptr);
+        }
+    }
+}
+
 DefinitionGridAttached* DefinitionGrid::qmlAttachedProperties(QObject* object)
 {
     return new DefinitionGridAttached(object);

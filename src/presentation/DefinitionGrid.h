@@ -90,6 +90,7 @@ class DefinitionGrid : public QQuickItem
 
 public:
     explicit DefinitionGrid(QQuickItem* parent = nullptr);
+    ~DefinitionGrid() override;
 
     static DefinitionGridAttached* qmlAttachedProperties(QObject* object);
 
