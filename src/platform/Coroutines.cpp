@@ -6,6 +6,8 @@
 #include <QThread>
 #include <QThreadPool>
 
+#include <openssl/crypto.h>
+
 #include <exception>
 #include <stdexcept>
 
@@ -37,11 +39,27 @@ QThreadPool& backgroundPool()
     }
     return *pool;
 }
+
+// OpenSSL keeps an error queue per thread and frees it from a thread-exit
+// hook whose order against other thread-local data is not fixed; releasing it
+// as the pool thread finishes leaves nothing to chance.
+void releaseOpenSslStateAtThreadEnd()
+{
+    thread_local bool hooked = false;
+    if (!hooked) {
+        hooked = true;
+        QObject::connect(QThread::currentThread(), &QThread::finished,
+                         [] { OPENSSL_thread_stop(); });
+    }
+}
 } // namespace
 
 void ResumeBackground::await_suspend(std::coroutine_handle<> handle) const
 {
-    backgroundPool().start([handle] { handle.resume(); });
+    backgroundPool().start([handle] {
+        releaseOpenSslStateAtThreadEnd();
+        handle.resume();
+    });
 }
 
 UiContext UiContext::Capture()
