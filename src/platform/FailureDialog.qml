@@ -13,6 +13,16 @@ Dialog {
     anchors.centerIn: parent
     width: Math.min(parent ? parent.width - 48 : 480, 520)
     standardButtons: Dialog.Ok
+    padding: 18
+    topPadding: 8
+    header: Label {
+        objectName: "FailureTitle"
+        text: dialog.title
+        font.weight: Font.DemiBold
+        padding: 18
+        bottomPadding: 0
+        wrapMode: Text.Wrap
+    }
     closePolicy: Popup.CloseOnEscape
 
     Label {
