@@ -1,5 +1,6 @@
 #include "AncestorSource.h"
 
+#include "AttachedValues.h"
 #include "EventHandler.h"
 #include "HResultError.h"
 
@@ -14,19 +15,9 @@ namespace Zorvane {
 
 namespace {
 
-// The object's values, made on first use. Before any QML engine has imported
-// the module the type is not registered yet, and they are kept as a child.
 AncestorSourceAttached* attached(QObject* target)
 {
-    if (auto* values = qobject_cast<AncestorSourceAttached*>(
-            qmlAttachedPropertiesObject<AncestorSource>(target, true))) {
-        return values;
-    }
-    if (auto* values =
-            target->findChild<AncestorSourceAttached*>(QString(), Qt::FindDirectChildrenOnly)) {
-        return values;
-    }
-    return new AncestorSourceAttached(target);
+    return AttachedValues<AncestorSource, AncestorSourceAttached>(target);
 }
 
 // Elements waiting for their first showing, by identity, with the

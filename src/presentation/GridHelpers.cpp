@@ -1,5 +1,6 @@
 #include "GridHelpers.h"
 
+#include "AttachedValues.h"
 #include "DefinitionGrid.h"
 
 #include <QJSEngine>
@@ -13,19 +14,9 @@ namespace Zorvane {
 
 namespace {
 
-// The object's values, made on first use. Before any QML engine has imported
-// the module the type is not registered yet, and they are kept as a child.
 GridHelpersAttached* attached(QObject* target)
 {
-    if (auto* values = qobject_cast<GridHelpersAttached*>(
-            qmlAttachedPropertiesObject<GridHelpers>(target, true))) {
-        return values;
-    }
-    if (auto* values =
-            target->findChild<GridHelpersAttached*>(QString(), Qt::FindDirectChildrenOnly)) {
-        return values;
-    }
-    return new GridHelpersAttached(target);
+    return AttachedValues<GridHelpers, GridHelpersAttached>(target);
 }
 
 // Every run of decimal digits is one index, left to right.
