@@ -88,28 +88,6 @@ private Q_SLOTS:
         }
     }
 
-    void catalogueSkipsDigestsWithoutType()
-    {
-        QStringList names;
-        for (const EvpMdPtr& digest : provided_digests()) {
-            QVERIFY(EVP_MD_get_type(digest.get()) != 0);
-            names << QString::fromLatin1(EVP_MD_get0_name(digest.get()));
-        }
-        QVERIFY(names.contains(QStringLiteral("SHA2-256")));
-        QVERIFY(names.contains(QStringLiteral("SHAKE-128")));
-        QVERIFY(!names.contains(QStringLiteral("NULL")));
-    }
-
-    void unfinishableDigestGivesNothing()
-    {
-        const EvpMdPtr sha1(EVP_MD_fetch(nullptr, "SHA1", nullptr));
-        OnePassDigester digester({nullptr, sha1.get()});
-        digester.update(reinterpret_cast<const unsigned char*>("abc"), 3);
-        const auto results = digester.finish();
-        QVERIFY(!results.at(0).has_value());
-        QCOMPARE(results.at(1).value_or(""), "A9993E364706816ABA3E25717850C26C9CD0D89D");
-    }
-
     void unreadableFileRaises()
     {
         QVERIFY_THROWS_EXCEPTION(

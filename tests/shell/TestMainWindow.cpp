@@ -8,6 +8,7 @@
 #include "NavigationViewItem.h"
 #include "PageFrame.h"
 #include "SelfSignedCertPage.h"
+#include "WindowDriver.h"
 
 #include <QFile>
 #include <QQuickItem>
@@ -50,11 +51,7 @@ class TestMainWindow : public QObject
 
     QString headerText() const { return m_navView->Header()->property("text").toString(); }
 
-    void click(QQuickItem* item)
-    {
-        const QPointF centre = item->mapToScene(QPointF(item->width() / 2, item->height() / 2));
-        QTest::mouseClick(m_window, Qt::LeftButton, {}, centre.toPoint());
-    }
+    void click(QQuickItem* item) { Testing::clickItem(m_window, item); }
 
     QList<bool> entriesShown() const
     {
@@ -154,9 +151,7 @@ private Q_SLOTS:
         QFETCH(QList<bool>, shown);
         m_searchBox->forceActiveFocus();
         m_searchBox->setProperty("text", QString()); // by code: no filtering
-        for (const QChar c : typed) {
-            QTest::keyClick(m_window, c.toLatin1());
-        }
+        Testing::typeText(m_window, typed);
         QCOMPARE(entriesShown(), shown);
 
         // Emptying the box by typing shows every entry again.

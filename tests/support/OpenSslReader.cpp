@@ -43,8 +43,13 @@ QByteArray readFile(const QString& path)
 
 X509Ptr readCertificate(const QString& path)
 {
-    const BioPtr file = openForReading(path);
-    return X509Ptr(file ? PEM_read_bio_X509(file.get(), nullptr, nullptr, nullptr) : nullptr);
+    return readCertificatePem(readFile(path));
+}
+
+X509Ptr readCertificatePem(const QByteArray& text)
+{
+    const BioPtr memory(BIO_new_mem_buf(text.constData(), static_cast<int>(text.size())));
+    return X509Ptr(PEM_read_bio_X509(memory.get(), nullptr, nullptr, nullptr));
 }
 
 X509ReqPtr readRequest(const QString& path)

@@ -15,6 +15,8 @@ namespace Zorvane::Testing {
 QByteArray readFile(const QString& path);
 
 X509Ptr readCertificate(const QString& path);
+// The first certificate in PEM text (other lines are skipped).
+X509Ptr readCertificatePem(const QByteArray& text);
 X509ReqPtr readRequest(const QString& path);
 // Null when the pass phrase does not open the key.
 EvpPkeyPtr readPrivateKey(const QString& path, const QByteArray& passphrase);

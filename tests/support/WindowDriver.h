@@ -1,0 +1,61 @@
+#pragma once
+
+// Drives the real window the way a user does: mouse clicks at an item's
+// centre, keys, and a page opened through the navigation.
+
+#include "NavigationView.h"
+#include "PageFrame.h"
+
+#include <QQuickItem>
+#include <QQuickWindow>
+#include <QTest>
+
+namespace Zorvane::Testing {
+
+inline void clickItem(QQuickWindow* window, QQuickItem* item)
+{
+    const QPointF centre = item->mapToScene(QPointF(item->width() / 2, item->height() / 2));
+    QTest::mouseClick(window, Qt::LeftButton, {}, centre.toPoint());
+}
+
+// Line ends are typed as Return.
+inline void typeText(QQuickWindow* window, const QString& text)
+{
+    for (const QChar c : text) {
+        if (c == u'\n') {
+            QTest::keyClick(window, Qt::Key_Return);
+        } else {
+            QTest::keyClick(window, c.toLatin1());
+        }
+    }
+}
+
+// Walks the visual tree: a repeater's rows are not its QObject children.
+inline QQuickItem* findItem(QQuickItem* root, const QString& name)
+{
+    if (root->objectName() == name) {
+        return root;
+    }
+    for (QQuickItem* child : root->childItems()) {
+        if (QQuickItem* found = findItem(child, name)) {
+            return found;
+        }
+    }
+    return nullptr;
+}
+
+inline QQuickItem* currentPage(QQuickWindow* window)
+{
+    return window->findChild<PageFrame*>(QStringLiteral("ContentFrame"))->Content();
+}
+
+// Opens the navigation entry by way of another one, so that the page and its
+// view model come new.
+inline void openFresh(QQuickWindow* window, int entry)
+{
+    auto* nav = window->findChild<NavigationView*>(QStringLiteral("NavView"));
+    nav->setSelectedItem(nav->MenuItems().at(entry == 3 ? 1 : 3));
+    nav->setSelectedItem(nav->MenuItems().at(entry));
+}
+
+} // namespace Zorvane::Testing
