@@ -1,6 +1,5 @@
 #include "OpenSslReader.h"
 #include "key_output.h"
-#include "ssl_error_category.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -69,25 +68,6 @@ private Q_SLOTS:
         }
         close(reader);
         QCOMPARE(fileMode(QString::fromUtf8(fifo)), std::optional<unsigned>(0644));
-    }
-
-    void refusedKeySizeRaises_data()
-    {
-        QTest::addColumn<int>("bits");
-        QTest::newRow("too small") << 256;
-        QTest::newRow("zero") << 0;
-        QTest::newRow("negative wraps and is refused") << -1;
-    }
-
-    void refusedKeySizeRaises()
-    {
-        QFETCH(int, bits);
-        try {
-            generate_rsa_key(bits);
-            QFAIL("OpenSSL should refuse this size");
-        } catch (const std::error_code& ec) {
-            QCOMPARE(QString::fromStdString(ec.message()), QStringLiteral("key size too small"));
-        }
     }
 };
 

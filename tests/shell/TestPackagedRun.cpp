@@ -69,6 +69,7 @@ private Q_SLOTS:
         const QVariantMap stored =
             ApplicationData::Current().LocalSettingsValues().Lookup(u"WindowPlacement"_s).toMap();
         QCOMPARE(stored.value(u"rcNormalPosition"_s), QVariant(QRectF(30, 40, 700, 500)));
+        QCOMPARE(stored.value(u"showCmd"_s).typeId(), QMetaType::UInt);
 
         App app;
         app.OnLaunched();

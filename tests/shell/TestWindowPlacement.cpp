@@ -33,24 +33,6 @@ class TestWindowPlacement : public QObject
     QTemporaryDir m_dir;
 
 private Q_SLOTS:
-    void writtenAsTypedMap()
-    {
-        QWindow window;
-        window.setGeometry(100, 120, 640, 480);
-        SettingsValues values(m_dir.filePath(u"write.ini"_s));
-        WritePlacement(values, &window, window.geometry());
-
-        const QVariantMap stored = values.Lookup(WindowPlacementKey).toMap();
-        QCOMPARE(stored.value(u"showCmd"_s).typeId(), QMetaType::UInt);
-        QCOMPARE(stored.value(u"showCmd"_s).toUInt(), ShowCommand::ShowNormal);
-        QCOMPARE(stored.value(u"rcNormalPosition"_s), QVariant(QRectF(100, 120, 640, 480)));
-        QCOMPARE(stored.value(u"ptMinPosition"_s).typeId(), QMetaType::QPointF);
-
-        // Nothing to read: nothing written, an earlier value stays.
-        WritePlacement(values, nullptr, {});
-        QCOMPARE(values.Lookup(WindowPlacementKey).toMap(), stored);
-    }
-
     void merged_data()
     {
         QTest::addColumn<QVariantMap>("stored");
