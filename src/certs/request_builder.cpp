@@ -58,8 +58,7 @@ void build_and_write(const RequestSettings& settings)
     ssl_check(request.get());
     const EVP_CIPHER* cipher = private_key_cipher(!settings.passphrase.empty());
 
-    add_subject(settings, request.get());
-    add_extensions(settings, request.get());
+    add_request_names(request.get(), settings);
 
     ssl_check(X509_REQ_set_pubkey(request.get(), key.get()));
     ssl_check(X509_REQ_sign(request.get(), key.get(), EVP_sha256()));
@@ -67,11 +66,17 @@ void build_and_write(const RequestSettings& settings)
     // The key file is made first and written last.
     const BioPtr keyFile = OpenOutputBio(settings.keyPath, FileAccess::OwnerOnly);
     const BioPtr requestFile = OpenOutputBio(settings.requestPath, FileAccess::Shared);
-    ssl_check(PEM_write_bio_X509_REQ(requestFile.get(), request.get()));
+    commit_output(requestFile.get(), PEM_write_bio_X509_REQ(requestFile.get(), request.get()));
     write_private_key(keyFile.get(), key.get(), cipher, settings.passphrase);
 }
 
 } // namespace
+
+void add_request_names(X509_REQ* request, const RequestSettings& settings)
+{
+    add_subject(settings, request);
+    add_extensions(settings, request);
+}
 
 std::error_code generate_request(const RequestSettings& settings)
 {

@@ -22,7 +22,7 @@ void write_bundle(const SelfSignedSettings& settings, EVP_PKEY* key, X509* certi
                                    hasPassphrase ? 0 : -1, -1, 0, 0, 0));
     ssl_check(bundle.get());
     const BioPtr file = OpenOutputBio(settings.certPath, FileAccess::OwnerOnly);
-    ssl_check(i2d_PKCS12_bio(file.get(), bundle.get()));
+    commit_output(file.get(), i2d_PKCS12_bio(file.get(), bundle.get()));
 }
 
 void write_pem_pair(const SelfSignedSettings& settings, EVP_PKEY* key, X509* certificate,
@@ -31,7 +31,7 @@ void write_pem_pair(const SelfSignedSettings& settings, EVP_PKEY* key, X509* cer
     // The key file is made first and written last.
     const BioPtr keyFile = OpenOutputBio(settings.keyPath, FileAccess::OwnerOnly);
     const BioPtr certFile = OpenOutputBio(settings.certPath, FileAccess::Shared);
-    ssl_check(PEM_write_bio_X509(certFile.get(), certificate));
+    commit_output(certFile.get(), PEM_write_bio_X509(certFile.get(), certificate));
     write_private_key(keyFile.get(), key, cipher, settings.passphrase);
 }
 
@@ -49,17 +49,7 @@ void build_and_write(const SelfSignedSettings& settings)
     ssl_check(X509_gmtime_adj(X509_getm_notAfter(certificate.get()),
                               validity_seconds(settings.validDays)));
 
-    X509_NAME* name = X509_get_subject_name(certificate.get());
-    add_name_entry(name, "CN", settings.commonName);
-    ssl_check(X509_set_subject_name(certificate.get(), name));
-    ssl_check(X509_set_issuer_name(certificate.get(), name));
-
-    if (settings.forDigitalSigning) {
-        add_certificate_extension(certificate.get(), KeyUsageNid, "digitalSignature");
-    } else {
-        add_certificate_extension(certificate.get(), SubjectAltNameNid,
-                                  "DNS:" + settings.commonName);
-    }
+    add_self_signed_names(certificate.get(), settings);
 
     ssl_check(X509_set_pubkey(certificate.get(), key.get()));
     ssl_check(X509_sign(certificate.get(), key.get(), EVP_sha256()));
@@ -72,6 +62,20 @@ void build_and_write(const SelfSignedSettings& settings)
 }
 
 } // namespace
+
+void add_self_signed_names(X509* certificate, const SelfSignedSettings& settings)
+{
+    X509_NAME* name = X509_get_subject_name(certificate);
+    add_name_entry(name, "CN", settings.commonName);
+    ssl_check(X509_set_subject_name(certificate, name));
+    ssl_check(X509_set_issuer_name(certificate, name));
+
+    if (settings.forDigitalSigning) {
+        add_certificate_extension(certificate, KeyUsageNid, "digitalSignature");
+    } else {
+        add_certificate_extension(certificate, SubjectAltNameNid, "DNS:" + settings.commonName);
+    }
+}
 
 OutputFormat output_format_for_tag(std::string_view tag)
 {

@@ -19,7 +19,13 @@ void add_name_entry(X509_NAME* name, const char* field, const std::string& value
 
 X509ExtensionPtr make_extension(int nid, const std::string& value)
 {
-    return X509ExtensionPtr(X509V3_EXT_conf_nid(nullptr, nullptr, nid, value.c_str()));
+    // A context without a configuration database: a value that names a section
+    // (dirName:, otherName: with a sequence) is refused by OpenSSL with its own
+    // reason instead of reading through a null context.
+    X509V3_CTX context = {};
+    X509V3_set_ctx(&context, nullptr, nullptr, nullptr, nullptr, 0);
+    X509V3_set_ctx_nodb(&context);
+    return X509ExtensionPtr(X509V3_EXT_conf_nid(nullptr, &context, nid, value.c_str()));
 }
 
 void add_certificate_extension(X509* certificate, int nid, const std::string& value)

@@ -8,6 +8,17 @@
 
 namespace Zorvane {
 
+struct SelfSignedSettings;
+struct RequestSettings;
+
+// What the user typed, made into the subject, the issuer and the one
+// extension of a certificate. OpenSSL's refusal raises.
+void add_self_signed_names(X509* certificate, const SelfSignedSettings& settings);
+
+// What the user typed, made into the subject and the extensions of a
+// request. OpenSSL's refusal raises.
+void add_request_names(X509_REQ* request, const RequestSettings& settings);
+
 // NIDs of the only two extensions the program writes.
 inline constexpr int SubjectAltNameNid = 85;
 inline constexpr int KeyUsageNid = 83;

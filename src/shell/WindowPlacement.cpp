@@ -2,9 +2,13 @@
 
 #include "ApplicationData.h"
 
+#include <QGuiApplication>
+#include <QScreen>
 #include <QVariantMap>
 #include <QWindow>
 
+#include <algorithm>
+#include <climits>
 #include <cmath>
 
 namespace Zorvane {
@@ -16,9 +20,24 @@ const QString MinPositionKey = QStringLiteral("ptMinPosition");
 const QString MaxPositionKey = QStringLiteral("ptMaxPosition");
 const QString NormalPositionKey = QStringLiteral("rcNormalPosition");
 
+// Truncated toward zero and held to the range of int: a stored value can be
+// anything, NaN and 1e30 included.
 int truncated(double value)
 {
-    return static_cast<int>(std::trunc(value));
+    if (std::isnan(value)) {
+        return 0;
+    }
+    return static_cast<int>(std::clamp(std::trunc(value), double(INT_MIN), double(INT_MAX)));
+}
+
+// Of the title bar, what must stay on a screen for the window to be dragged back.
+constexpr int TitleBarHeight = 32;
+constexpr int MinimumVisibleWidth = 120;
+
+double overlap(double start, double length, double otherStart, double otherLength)
+{
+    return std::max(0.0, std::min(start + length, otherStart + otherLength) -
+                             std::max(start, otherStart));
 }
 
 QPointF toPoint(const WindowPlacement::Point& point)
@@ -87,11 +106,12 @@ bool SetWindowPlacement(QWindow* window, const WindowPlacement& placement)
     if (window == nullptr) {
         return false;
     }
-    const double ratio = window->devicePixelRatio();
-    const WindowPlacement::Rect& rect = placement.rcNormalPosition;
-    window->setGeometry(QRect(truncated(rect.left / ratio), truncated(rect.top / ratio),
-                              truncated((rect.right - rect.left) / ratio),
-                              truncated((rect.bottom - rect.top) / ratio)));
+    QList<QRect> screens;
+    for (const QScreen* screen : QGuiApplication::screens()) {
+        screens << screen->availableGeometry();
+    }
+    window->setGeometry(
+        FittedGeometry(placement.rcNormalPosition, window->devicePixelRatio(), screens));
     switch (placement.showCmd) {
     case ShowCommand::Hide:
         window->hide();
@@ -109,6 +129,50 @@ bool SetWindowPlacement(QWindow* window, const WindowPlacement& placement)
         break;
     }
     return true;
+}
+
+QRect FittedGeometry(const WindowPlacement::Rect& rect, double ratio, const QList<QRect>& screens)
+{
+    // In double: the differences of stored values can overflow an int.
+    double left = rect.left / ratio;
+    double top = rect.top / ratio;
+    double width = (double(rect.right) - double(rect.left)) / ratio;
+    double height = (double(rect.bottom) - double(rect.top)) / ratio;
+    if (screens.isEmpty()) {
+        // Nothing to fit to: only a size and a position that Qt can hold.
+        constexpr double Limit = 0x4000;
+        return {truncated(std::clamp(left, -Limit, Limit)),
+                truncated(std::clamp(top, -Limit, Limit)),
+                truncated(std::clamp(width, double(MinimumUsableSize.width()), Limit)),
+                truncated(std::clamp(height, double(MinimumUsableSize.height()), Limit))};
+    }
+
+    // The screen that shows most of the window, or else the nearest one.
+    const auto score = [&](const QRect& screen) {
+        const double shown = overlap(left, width, screen.x(), screen.width()) *
+                             overlap(top, height, screen.y(), screen.height());
+        if (shown > 0) {
+            return shown;
+        }
+        const QPointF centre = QRectF(screen).center();
+        return -std::hypot(left + width / 2 - centre.x(), top + height / 2 - centre.y());
+    };
+    const QRect screen =
+        *std::max_element(screens.cbegin(), screens.cend(),
+                          [&](const QRect& a, const QRect& b) { return score(a) < score(b); });
+
+    width = std::clamp(width, double(std::min(MinimumUsableSize.width(), screen.width())),
+                       double(screen.width()));
+    height = std::clamp(height, double(std::min(MinimumUsableSize.height(), screen.height())),
+                        double(screen.height()));
+    const bool titleBarReachable =
+        top >= screen.y() && top + TitleBarHeight <= screen.y() + screen.height() &&
+        overlap(left, width, screen.x(), screen.width()) >= MinimumVisibleWidth;
+    if (!titleBarReachable) {
+        left = std::clamp(left, double(screen.x()), double(screen.x() + screen.width()) - width);
+        top = std::clamp(top, double(screen.y()), double(screen.y() + screen.height()) - height);
+    }
+    return {truncated(left), truncated(top), truncated(width), truncated(height)};
 }
 
 void WritePlacement(SettingsValues& values, const QWindow* window, const QRect& normalGeometry)

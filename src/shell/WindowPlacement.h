@@ -1,7 +1,10 @@
 #pragma once
 
+#include <QList>
 #include <QPointF>
+#include <QRect>
 #include <QRectF>
+#include <QSize>
 #include <QVariantMap>
 
 #include <cstdint>
@@ -47,6 +50,15 @@ struct WindowPlacement
 // the normal state. False for a missing window.
 bool GetWindowPlacement(const QWindow* window, const QRect& normalGeometry,
                         WindowPlacement& placement);
+// The smallest window that still shows its title bar and a page, in logical pixels.
+inline constexpr QSize MinimumUsableSize{360, 240};
+
+// The geometry, in logical pixels, for a normal rectangle in physical ones: of
+// at least the usable size and at most the size of its screen, and moved onto
+// the screen that shows most of it (or the nearest) when its title bar could
+// not be reached there. Any rectangle is taken, whatever was stored.
+QRect FittedGeometry(const WindowPlacement::Rect& rect, double ratio, const QList<QRect>& screens);
+
 // Moves the window to the normal rectangle and puts it into the show state.
 bool SetWindowPlacement(QWindow* window, const WindowPlacement& placement);
 

@@ -99,6 +99,7 @@ private Q_SLOTS:
         // clang-format off
         QTest::newRow("three-letter country code") << "country" << "string too long" << QStringList{};
         QTest::newRow("alternative name refused") << "altName" << "missing value" << QStringList{};
+        QTest::newRow("alternative name that points at a section") << "altSection" << "dirname error" << QStringList{};
         QTest::newRow("request folder missing") << "folder" << "no such file"
             << QStringList{QStringLiteral("r.key:0")};
         // clang-format on
@@ -116,6 +117,8 @@ private Q_SLOTS:
             settings.countryCode = "CHE";
         } else if (caseName == QLatin1String("altName")) {
             settings.altNames = "good.example\rx,y";
+        } else if (caseName == QLatin1String("altSection")) {
+            settings.altNames = "b,dirName:q";
         } else {
             settings.requestPath = dir.filePath(QStringLiteral("missing/r.csr")).toStdString();
         }

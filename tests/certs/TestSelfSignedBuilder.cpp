@@ -184,6 +184,7 @@ private Q_SLOTS:
         QTest::newRow("key size refused") << u"keySize"_s << u"key size too small"_s << QStringList{};
         QTest::newRow("name too long") << u"longName"_s << u"string too long"_s << QStringList{};
         QTest::newRow("alternative name refused") << u"comma"_s << u"missing value"_s << QStringList{};
+        QTest::newRow("name that points at a section") << u"dirName"_s << u"dirname error"_s << QStringList{};
         QTest::newRow("key folder missing") << u"noKeyFolder"_s << u"no such file"_s << QStringList{};
         QTest::newRow("certificate folder missing") << u"noCertFolder"_s << u"no such file"_s
             << QStringList{u"f.key:0"_s};
@@ -209,6 +210,8 @@ private Q_SLOTS:
             settings.commonName = std::string(65, 'a');
         } else if (caseName == u"comma"_s) {
             settings.commonName = "a,b"; // unescaped into "DNS:a,b"
+        } else if (caseName == u"dirName"_s) {
+            settings.commonName = "x,dirName:a"; // a section lookup without a configuration
         } else if (caseName == u"noKeyFolder"_s) {
             settings.keyPath = missing + ".key";
         } else if (caseName == u"noCertFolder"_s) {

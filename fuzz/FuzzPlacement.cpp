@@ -1,0 +1,102 @@
+// A stored window placement, whatever the settings file holds, decoded and
+// fitted to a set of screens. The window that results must be of a usable
+// size and reachable on a screen; undefined behaviour is a finding.
+//
+// Input: one byte saying which entries are present and of the right type,
+// the show state (4 bytes), the rectangle and two points (8 doubles), the
+// device pixel ratio (1 byte) and up to three screens (4 x int16 each).
+
+#include "WindowPlacement.h"
+
+#include <QPointF>
+#include <QRectF>
+#include <QVariantMap>
+
+#include <algorithm>
+#include <cstdint>
+#include <cstring>
+
+using namespace Zorvane;
+
+namespace {
+
+class Input
+{
+public:
+    Input(const std::uint8_t* data, std::size_t size) : m_data(data), m_size(size) {}
+
+    template <class T>
+    T take()
+    {
+        T value{};
+        const std::size_t count = std::min(sizeof(T), m_size);
+        std::memcpy(&value, m_data, count);
+        m_data += count;
+        m_size -= count;
+        return value;
+    }
+
+    bool empty() const { return m_size == 0; }
+
+private:
+    const std::uint8_t* m_data;
+    std::size_t m_size;
+};
+
+} // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+{
+    Input input(data, size);
+    const auto present = input.take<std::uint8_t>();
+    const auto showCmd = input.take<std::uint32_t>();
+    double values[8];
+    for (double& value : values) {
+        value = input.take<double>();
+    }
+    const double ratio = 0.25 + (input.take<std::uint8_t>() % 16) * 0.25;
+
+    QVariantMap stored;
+    if (present & 1) {
+        stored.insert(QStringLiteral("showCmd"),
+                      present & 16 ? QVariant(int(showCmd)) : QVariant::fromValue(showCmd));
+    }
+    if (present & 2) {
+        stored.insert(QStringLiteral("rcNormalPosition"),
+                      present & 32 ? QVariant(QRect())
+                                   : QVariant(QRectF(values[0], values[1], values[2], values[3])));
+    }
+    if (present & 4) {
+        stored.insert(QStringLiteral("ptMinPosition"), QPointF(values[4], values[5]));
+    }
+    if (present & 8) {
+        stored.insert(QStringLiteral("ptMaxPosition"), QPointF(values[6], values[7]));
+    }
+
+    QList<QRect> screens;
+    while (!input.empty() && screens.size() < 3) {
+        const auto x = input.take<std::int16_t>();
+        const auto y = input.take<std::int16_t>();
+        const int width = 200 + input.take<std::uint16_t>() % 7800;
+        const int height = 200 + input.take<std::uint16_t>() % 4200;
+        screens << QRect(x, y, width, height);
+    }
+
+    WindowPlacement current;
+    current.showCmd = ShowCommand::ShowNormal;
+    current.rcNormalPosition = {50, 60, 1150, 780};
+    const WindowPlacement restored = RestoredPlacement(stored, current);
+    const QRect geometry = FittedGeometry(restored.rcNormalPosition, ratio, screens);
+
+    if (geometry.width() <= 0 || geometry.height() <= 0) {
+        __builtin_trap();
+    }
+    if (!screens.isEmpty() &&
+        std::none_of(screens.cbegin(), screens.cend(), [&](const QRect& screen) {
+            return screen.intersects(geometry) && geometry.width() <= screen.width() &&
+                   geometry.height() <= screen.height();
+        })) {
+        __builtin_trap();
+    }
+    return 0;
+}
