@@ -13,11 +13,13 @@ OpenSslChecksumsPage {
         State { name: "Normal" },
         State {
             name: "InProgress"
-            // Anything that would start a second run waits for this one.
+            // Anything that would start a second run, or copy a report that is
+            // not there yet, waits for this one.
             PropertyChanges { target: fileButton; enabled: false }
             PropertyChanges { target: allButton; enabled: false }
             PropertyChanges { target: noneButton; enabled: false }
             PropertyChanges { target: digestList; enabled: false }
+            PropertyChanges { target: copyAllButton; enabled: false }
             PropertyChanges { target: busy; running: true }
         }
     ]
@@ -107,22 +109,19 @@ OpenSslChecksumsPage {
                     onClicked: page.SelectFileClick()
                 }
                 Button {
+                    id: copyAllButton
+
                     objectName: "CopyAllButton"
                     text: "Copy All"
                     enabled: Helpers.StringToEnabled(fileNameBox.text)
                     Accessible.name: "Copy the path, the size and every checksum"
                     onClicked: page.CopyAllClick()
                 }
-                BusyIndicator {
+                ProgressRing {
                     id: busy
 
                     objectName: "BusyIndicator"
-                    running: false
-                    // Always in the row, so that nothing moves when it starts;
-                    // the style draws nothing while it is not running.
-                    implicitWidth: 32
-                    implicitHeight: 32
-                    Accessible.name: "Calculating"
+                    accessibleName: "Calculating"
                 }
             }
 

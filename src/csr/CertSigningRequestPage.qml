@@ -218,16 +218,11 @@ CertSigningRequestPage {
                     Accessible.name: "Generate the request and its key"
                     onClicked: page.OnGenerateClick(this)
                 }
-                BusyIndicator {
+                ProgressRing {
                     id: busy
 
                     objectName: "BusyIndicator"
-                    running: false
-                    // Always in the row, so that nothing moves when it starts;
-                    // the style draws nothing while it is not running.
-                    implicitWidth: 32
-                    implicitHeight: 32
-                    Accessible.name: "Generating"
+                    accessibleName: "Generating"
                 }
             }
         }

@@ -160,16 +160,11 @@ SelfSignedCertPage {
                     Accessible.name: "Generate the certificate and key as one PKCS#12 bundle"
                     onClicked: page.OnGenerateClick(this)
                 }
-                BusyIndicator {
+                ProgressRing {
                     id: busy
 
                     objectName: "BusyIndicator"
-                    running: false
-                    // Always in the row, so that nothing moves when it starts;
-                    // the style draws nothing while it is not running.
-                    implicitWidth: 32
-                    implicitHeight: 32
-                    Accessible.name: "Generating"
+                    accessibleName: "Generating"
                 }
             }
         }

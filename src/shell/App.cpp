@@ -19,6 +19,9 @@ App::App()
       m_noPackageIdentity(Package::DetectNoPackageIdentity())
 {
     current = this;
+    // Where the module's qmldir lies, so that its markup types (ProgressRing)
+    // are found as well as its C++ ones.
+    m_engine->addImportPath(QStringLiteral("qrc:/"));
     // The title texts' colours while the window is active and while it is not.
     const QPalette palette = QGuiApplication::palette();
     m_resources.insert(QStringLiteral("WindowCaptionForeground"),

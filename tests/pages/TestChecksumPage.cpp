@@ -223,6 +223,41 @@ private Q_SLOTS:
         QTRY_COMPARE(text(u"Value_MD5"_s), expected(u"MD5"_s));
     }
 
+    // "InProgress" takes away everything that starts a run or copies a report.
+    void inProgressDisables()
+    {
+        open();
+        m_answer = m_file;
+        clickAndWait(item(u"FileButton"_s));
+        const QStringList controls{u"FileButton"_s, u"AllButton"_s, u"NoneButton"_s,
+                                   u"Check_SHA1"_s, u"CopyAllButton"_s};
+        for (const QString& name : controls) {
+            QVERIFY2(item(name)->isEnabled(), qPrintable(name));
+        }
+        page()->setState(u"InProgress"_s);
+        for (const QString& name : controls) {
+            QVERIFY2(!item(name)->isEnabled(), qPrintable(name));
+        }
+        QVERIFY(item(u"BusyIndicator"_s)->property("running").toBool());
+        page()->setState(u"Normal"_s);
+        QVERIFY(item(u"CopyAllButton"_s)->isEnabled());
+    }
+
+    // An idle window draws nothing, whatever ran before: no frame at all.
+    void idleWindowRendersNoFrames()
+    {
+        open();
+        clickAndWait(item(u"Check_SHA1"_s)); // a run before any file was picked
+        QTest::qWait(400);                   // what may still fade, fades
+        int frames = 0;
+        const auto counting =
+            connect(m_window, &QQuickWindow::frameSwapped, this, [&] { ++frames; });
+        QTest::qWait(1000);
+        disconnect(counting);
+        QCOMPARE(frames, 0);
+        click(item(u"Check_SHA1"_s));
+    }
+
     void selectionNotKeptWithoutPackageIdentity()
     {
         open();
