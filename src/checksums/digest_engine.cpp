@@ -36,6 +36,16 @@ bool is_xof(const EVP_MD* digest)
     throw std::system_error(errno, std::generic_category(), what);
 }
 
+// A pipe or a device never ends (or never starts): it is a file that cannot
+// be read.
+void require_regular(const struct stat& info)
+{
+    if (!S_ISREG(info.st_mode)) {
+        throw std::system_error(S_ISDIR(info.st_mode) ? EISDIR : EINVAL, std::generic_category(),
+                                "not a regular file");
+    }
+}
+
 // Fills the buffer up to its size, or less at the end of the file; 0 at the end.
 std::size_t load(int fd, unsigned char* buffer, std::size_t size)
 {
@@ -127,14 +137,26 @@ std::int64_t file_size(const std::string& path)
     if (::stat(path.c_str(), &info) != 0) {
         raise_errno("stat");
     }
+    require_regular(info);
     return static_cast<std::int64_t>(info.st_size);
 }
 
 ChunkedFileReader::ChunkedFileReader(const std::string& path)
-    : m_fd(::open(path.c_str(), O_RDONLY | O_CLOEXEC))
+    // Without blocking: what was a file a moment ago may be a pipe by now.
+    : m_fd(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY))
 {
     if (m_fd < 0) {
         raise_errno("open");
+    }
+    struct stat info = {};
+    if (::fstat(m_fd, &info) != 0) {
+        const int error = errno;
+        ::close(m_fd);
+        throw std::system_error(error, std::generic_category(), "fstat");
+    }
+    if (!S_ISREG(info.st_mode)) {
+        ::close(m_fd);
+        require_regular(info);
     }
 #ifdef POSIX_FADV_SEQUENTIAL
     // Ask the kernel to read ahead while the digests work on the last chunk.

@@ -45,14 +45,15 @@ private:
 };
 
 // The size of a file in bytes, as the file system reports it before reading.
-// Raises std::system_error when it cannot be read.
+// Raises std::system_error when it cannot be read or is no regular file.
 std::int64_t file_size(const std::string& path);
 
 // A file opened for reading only, read once from start to end.
 class ChunkedFileReader
 {
 public:
-    // Raises std::system_error when the file cannot be opened.
+    // Raises std::system_error when the file cannot be opened or is no
+    // regular file (a pipe or a device would never end).
     explicit ChunkedFileReader(const std::string& path);
     ~ChunkedFileReader();
     ChunkedFileReader(const ChunkedFileReader&) = delete;

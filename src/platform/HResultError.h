@@ -14,6 +14,7 @@ inline constexpr std::uint32_t OutOfMemory = 0x8007000E;
 inline constexpr std::uint32_t NotImplemented = 0x80004001;
 inline constexpr std::uint32_t NoInterface = 0x80004002;
 inline constexpr std::uint32_t Unexpected = 0x8000FFFF;
+inline constexpr std::uint32_t Fail = 0x80004005;
 } // namespace HResult
 
 // A failed platform call, carrying its 32-bit result code.
@@ -28,8 +29,13 @@ private:
     std::uint32_t m_code;
 };
 
+// The result code of a failed system call: ENOENT is 0x80070002, EACCES
+// 0x80070005, ENOSPC 0x80070070 and so on, as the platform reports the same
+// condition; an errno with no counterpart is a plain failure (0x80004005).
+std::uint32_t hresult_from_errno(int error) noexcept;
+
 // The code that stands for an exception in flight: its own for an HResultError,
-// the errno-style value of a system error, out-of-memory for bad_alloc,
+// hresult_from_errno of a system error, out-of-memory for bad_alloc,
 // "unexpected" for anything else.
 std::uint32_t code_of_current_exception() noexcept;
 
