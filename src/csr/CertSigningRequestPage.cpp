@@ -1,6 +1,5 @@
 #include "CertSigningRequestPage.h"
 
-#include "App.h"
 #include "FailureDialog.h"
 #include "FileManager.h"
 #include "FilePicker.h"
@@ -36,6 +35,9 @@ FireAndForget CertSigningRequestPage::GenerateAsync(QObject* sender)
 {
     static_cast<void>(sender); // one output form: the button is not read
     const QPointer<CertSigningRequestPage> page = this;
+    // What the run needs beyond its copies. The page may go before the run
+    // ends (the user leaves it); the window, where a failure is told, stays.
+    const QPointer<QQuickWindow> owner = window();
 
     // Copies first: what the user changes from here on has no effect on this
     // run. The key size is not among them: a request's key is always 4096 bits.
@@ -58,9 +60,7 @@ FireAndForget CertSigningRequestPage::GenerateAsync(QObject* sender)
     request.choiceKey = QStringLiteral("PEM");
     request.extensions = {QString::fromUtf8(RequestDefaultExtension)};
     request.defaultExtension = QString::fromUtf8(RequestDefaultExtension);
-    const App* app = App::Current();
-    const std::optional<QString> picked =
-        co_await PickFileAsync(app != nullptr ? app->MainWindowHandle() : window(), request);
+    const std::optional<QString> picked = co_await PickFileAsync(owner, request);
     if (!picked) {
         co_return; // cancelled
     }
@@ -76,8 +76,8 @@ FireAndForget CertSigningRequestPage::GenerateAsync(QObject* sender)
 
     co_await ui;
     if (ec.value() != 0) {
-        if (page) {
-            ShowFailureDialog(page, FailureTitle, ec);
+        if (owner) {
+            ShowFailureDialog(owner, FailureTitle, ec);
         }
         co_return;
     }

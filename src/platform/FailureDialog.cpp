@@ -10,22 +10,22 @@
 
 namespace Zorvane {
 
-void ShowFailureDialog(QQuickItem* page, const QString& title, const std::error_code& ec)
+void ShowFailureDialog(QQuickWindow* window, const QString& title, const std::error_code& ec)
 {
-    QQmlEngine* engine = page != nullptr ? qmlEngine(page) : nullptr;
-    if (engine == nullptr || page->window() == nullptr) {
+    QQmlEngine* engine = window != nullptr ? qmlEngine(window) : nullptr;
+    if (engine == nullptr) {
         throw HResultError(HResult::Unexpected, "no window for the failure dialog");
     }
     QQmlComponent component(engine,
                             QUrl(QStringLiteral("qrc:/Zorvane/platform/FailureDialog.qml")));
     QObject* dialog = component.createWithInitialProperties(
-        {{QStringLiteral("parent"), QVariant::fromValue(page->window()->contentItem())},
+        {{QStringLiteral("parent"), QVariant::fromValue(window->contentItem())},
          {QStringLiteral("title"), title},
          {QStringLiteral("text"), QString::fromStdString(error_code_text(ec))}});
     if (dialog == nullptr) {
         throw HResultError(HResult::Unexpected, component.errorString().toStdString());
     }
-    dialog->setParent(page->window()->contentItem());
+    dialog->setParent(window->contentItem());
     QObject::connect(dialog, SIGNAL(closed()), dialog, SLOT(deleteLater()));
     QMetaObject::invokeMethod(dialog, "open");
 }

@@ -1,6 +1,5 @@
 #include "SelfSignedCertPage.h"
 
-#include "App.h"
 #include "FailureDialog.h"
 #include "FileManager.h"
 #include "FilePicker.h"
@@ -36,6 +35,9 @@ void SelfSignedCertPage::itemChange(ItemChange change, const ItemChangeData& dat
 FireAndForget SelfSignedCertPage::GenerateAsync(QObject* sender)
 {
     const QPointer<SelfSignedCertPage> page = this;
+    // What the run needs beyond its copies. The page may go before the run
+    // ends (the user leaves it); the window, where a failure is told, stays.
+    const QPointer<QQuickWindow> owner = window();
 
     // Copies first: what the user changes from here on has no effect on this run.
     SelfSignedSettings settings;
@@ -60,9 +62,7 @@ FireAndForget SelfSignedCertPage::GenerateAsync(QObject* sender)
     request.extensions = pem ? QStringList{QStringLiteral(".crt")}
                              : QStringList{QStringLiteral(".pfx"), QStringLiteral(".p12")};
     request.defaultExtension = QString::fromUtf8(default_extension(settings.format));
-    const App* app = App::Current();
-    const std::optional<QString> picked =
-        co_await PickFileAsync(app != nullptr ? app->MainWindowHandle() : window(), request);
+    const std::optional<QString> picked = co_await PickFileAsync(owner, request);
     if (!picked) {
         co_return; // cancelled
     }
@@ -79,8 +79,8 @@ FireAndForget SelfSignedCertPage::GenerateAsync(QObject* sender)
 
     co_await ui;
     if (ec.value() != 0) {
-        if (page) {
-            ShowFailureDialog(page, FailureTitle, ec);
+        if (owner) {
+            ShowFailureDialog(owner, FailureTitle, ec);
         }
         co_return;
     }

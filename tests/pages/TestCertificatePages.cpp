@@ -301,6 +301,31 @@ private Q_SLOTS:
                  qPrintable(u"%1 ticks in %2 ms"_s.arg(ticks).arg(elapsed.elapsed())));
     }
 
+    // A run holds on to what it needs: leaving the page while it runs does not
+    // lose its failure.
+    void failureToldAfterLeavingThePage()
+    {
+        open(1);
+        type(control("CommonNameCtrl"), u"gone.example"_s);
+        m_answer = m_dir.filePath(u"missing/gone"_s);
+        connect(page(), &QQuickItem::stateChanged, this, [this](const QString& state) {
+            if (state == u"InProgress"_s) {
+                QMetaObject::invokeMethod(
+                    this, [this] { openFresh(m_window, 3); }, Qt::QueuedConnection);
+            }
+        });
+        click(control("GeneratePemButton"));
+        QObject* dialog = nullptr;
+        QTRY_VERIFY_WITH_TIMEOUT(
+            (dialog = m_window->findChild<QObject*>(u"FailureDialog"_s)) != nullptr, 60000);
+        QVERIFY(page()->findChild<QObject*>(u"AllButton"_s) != nullptr); // on the checksum page
+        QCOMPARE(dialog->property("title").toString(),
+                 u"Failure Generating Self-Signed Certificate"_s);
+        QVERIFY(dialog->property("visible").toBool());
+        QTest::keyClick(m_window, Qt::Key_Escape);
+        QTRY_VERIFY(m_window->findChild<QObject*>(u"FailureDialog"_s) == nullptr);
+    }
+
     void failureShowsTheDialogAndTheNextRunWorks()
     {
         open(2);
