@@ -13,8 +13,5 @@ int main(int argc, char* argv[])
     QApplication application(argc, argv);
     QQuickStyle::setStyle(QStringLiteral("Fusion"));
 
-    Zorvane::App app;
-    app.OnLaunched();
-    QApplication::exec();
-    return 0;
+    return Zorvane::App::Run();
 }

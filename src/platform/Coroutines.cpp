@@ -8,8 +8,10 @@
 
 #include <openssl/crypto.h>
 
+#include <cstdio>
 #include <exception>
 #include <stdexcept>
+#include <unistd.h>
 
 namespace Zorvane {
 
@@ -60,6 +62,20 @@ void ResumeBackground::await_suspend(std::coroutine_handle<> handle) const
         releaseOpenSslStateAtThreadEnd();
         handle.resume();
     });
+}
+
+bool BackgroundWorkPending()
+{
+    return backgroundPool().activeThreadCount() > 0;
+}
+
+void EndProcessIfBackgroundWorkPending(int exitCode)
+{
+    if (!BackgroundWorkPending()) {
+        return;
+    }
+    std::fflush(nullptr);
+    ::_exit(exitCode);
 }
 
 UiContext UiContext::Capture()

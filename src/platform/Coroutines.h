@@ -33,6 +33,16 @@ struct ResumeBackground
     void await_resume() const noexcept {}
 };
 
+// True while a thread-pool thread is still at work on a hop.
+bool BackgroundWorkPending();
+
+// The end of the process once its window has gone and saved what it keeps. A
+// run still at work on the thread pool (hashing a large file, say) does not
+// hold the process: it ends at once, without waiting for the pool and
+// without the exit handlers, which would pull OpenSSL's state from under that
+// thread. Otherwise it returns, and the process ends in the usual way.
+void EndProcessIfBackgroundWorkPending(int exitCode);
+
 // The thread of the user interface, captured there before a hop away and
 // awaited afterwards to come back.
 class UiContext

@@ -1,8 +1,10 @@
 #include "App.h"
 
+#include "Coroutines.h"
 #include "MainWindow.h"
 #include "Package.h"
 
+#include <QCoreApplication>
 #include <QGuiApplication>
 #include <QPalette>
 #include <QQmlEngine>
@@ -47,6 +49,17 @@ void App::OnLaunched()
 {
     m_window = std::make_unique<MainWindow>(*m_engine);
     m_window->Activate();
+}
+
+int App::Run()
+{
+    {
+        App app;
+        app.OnLaunched();
+        QCoreApplication::exec();
+    } // the window and its pages go here, and save the placement and the digests
+    EndProcessIfBackgroundWorkPending(0);
+    return 0;
 }
 
 QWindow* App::MainWindowHandle() const

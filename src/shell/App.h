@@ -25,6 +25,11 @@ public:
     // The one App of the process.
     static App* Current();
 
+    // The program from its window to its end: makes the App and its window,
+    // runs the one event loop, and ends when the window has closed and saved
+    // what it keeps, whatever run is still at work. Returns the exit code, 0.
+    static int Run();
+
     // Fixed in the constructor, before any window exists.
     bool NoPackageIdentity() const { return m_noPackageIdentity; }
 

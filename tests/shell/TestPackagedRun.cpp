@@ -2,6 +2,7 @@
 #include "ApplicationData.h"
 #include "ChecksumSelection.h"
 #include "DefinitionGrid.h"
+#include "FilePicker.h"
 #include "IsolatedConfig.h"
 #include "MainWindow.h"
 #include "NavigationView.h"
@@ -9,15 +10,21 @@
 #include "Package.h"
 #include "PageFrame.h"
 
+#include <QApplication>
 #include <QCoreApplication>
 #include <QDir>
 #include <QFile>
+#include <QProcess>
 #include <QQuickItem>
 #include <QQuickWindow>
 #include <QStandardPaths>
+#include <QTemporaryDir>
 #include <QTest>
+#include <QTimer>
 #include <QtQml/qqmlextensionplugin.h>
 
+#include <cstdio>
+#include <cstring>
 #include <memory>
 
 Q_IMPORT_QML_PLUGIN(ZorvanePlugin)
@@ -106,6 +113,34 @@ private Q_SLOTS:
         window->close();
     }
 
+    // Closing the window ends the process at once with 0, whatever runs: a
+    // checksum run over a file that would take minutes does not hold it, and
+    // the placement and the chosen digests are saved first.
+    void closingDuringARunEndsTheProcess()
+    {
+        QFile::remove(ApplicationData::Current().LocalSettingsValues().filePath());
+        QTemporaryDir dir;
+        QFile big(dir.filePath(u"big"_s));
+        QVERIFY(big.open(QIODevice::WriteOnly) && big.resize(qint64(8) << 30)); // sparse
+        big.close();
+        QProcess child;
+        child.start(QCoreApplication::applicationFilePath(),
+                    {u"--close-during-run"_s, big.fileName()});
+        QVERIFY(child.waitForStarted());
+        QVERIFY(child.waitForReadyRead(60000) && child.readLine().startsWith("closing"));
+        const bool ended = child.waitForFinished(5000);
+        if (!ended) {
+            child.kill();
+            child.waitForFinished();
+        }
+        QVERIFY2(ended, "still running after its window closed");
+        QCOMPARE(child.exitStatus(), QProcess::NormalExit);
+        QCOMPARE(child.exitCode(), 0);
+        const SettingsValues& stored = ApplicationData::Current().LocalSettingsValues();
+        QVERIFY(stored.Lookup(u"WindowPlacement"_s).toMap().contains(u"rcNormalPosition"_s));
+        QVERIFY(stored.Lookup(u"ChosenAlgorithms"_s).toString().contains(u"SHA2-256"_s));
+    }
+
     void chrome()
     {
         App app;
@@ -138,5 +173,47 @@ private Q_SLOTS:
     }
 };
 
-QTEST_MAIN(TestPackagedRun)
+// "--close-during-run FILE": the program as main() runs it; the checksum page
+// hashes FILE with every digest, and the window is closed while it does.
+static int closeDuringRun(int argc, char** argv)
+{
+    QApplication application(argc, argv);
+    const QString file = QString::fromLocal8Bit(argv[2]);
+    SetFilePickHandler([file](QWindow*, const FilePickRequest&, FilePickDone done) { done(file); });
+    QTimer driver;
+    int step = 0;
+    QObject::connect(&driver, &QTimer::timeout, [&] {
+        QQuickWindow* window = App::Current() ? App::Current()->Window()->Window() : nullptr;
+        auto* frame = window ? window->findChild<PageFrame*>(u"ContentFrame"_s) : nullptr;
+        auto* page = frame ? qobject_cast<OpenSslChecksumsPage*>(frame->Content()) : nullptr;
+        if (step == 0 && frame != nullptr) {
+            auto* nav = window->findChild<NavigationView*>(u"NavView"_s);
+            nav->setSelectedItem(nav->MenuItems().at(3));
+            step = 1;
+        } else if (step == 1 && page != nullptr) {
+            ChecksumSelection::SelectAllClick(*page->ViewModel());
+            page->SelectFileClick();
+            step = 2;
+        } else if (step == 2 && page != nullptr && page->state() == u"InProgress"_s &&
+                   !page->ViewModel()->HashAlgos()->items().isEmpty()) {
+            std::puts("closing");
+            std::fflush(stdout);
+            window->close();
+            step = 3;
+        }
+    });
+    driver.start(20);
+    return App::Run();
+}
+
+int main(int argc, char** argv)
+{
+    if (argc == 3 && std::strcmp(argv[1], "--close-during-run") == 0) {
+        return closeDuringRun(argc, argv);
+    }
+    QApplication application(argc, argv);
+    TestPackagedRun test;
+    QTEST_SET_MAIN_SOURCE_PATH
+    return QTest::qExec(&test, argc, argv);
+}
 #include "TestPackagedRun.moc"
