@@ -1,5 +1,6 @@
 #include "App.h"
 
+#include "CaretBlink.h"
 #include "Coroutines.h"
 #include "MainWindow.h"
 #include "Package.h"
@@ -17,7 +18,7 @@ App* current = nullptr;
 }
 
 App::App()
-    : m_engine(std::make_unique<QQmlEngine>()),
+    : m_caretBlink(std::make_unique<CaretBlink>()), m_engine(std::make_unique<QQmlEngine>()),
       m_noPackageIdentity(Package::DetectNoPackageIdentity())
 {
     current = this;

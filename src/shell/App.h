@@ -10,6 +10,7 @@ class QWindow;
 
 namespace Zorvane {
 
+class CaretBlink;
 class MainWindow;
 
 // The application object: the QML engine, the one window, and whether the
@@ -45,6 +46,7 @@ public:
     const QVariantMap& Resources() const { return m_resources; }
 
 private:
+    std::unique_ptr<CaretBlink> m_caretBlink;
     std::unique_ptr<QQmlEngine> m_engine;
     std::unique_ptr<MainWindow> m_window;
     bool m_noPackageIdentity = false;

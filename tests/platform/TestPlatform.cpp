@@ -1,13 +1,17 @@
 #include "ApplicationData.h"
+#include "CaretBlink.h"
 #include "HResultError.h"
 #include "Package.h"
 
 #include <QCoreApplication>
 #include <QDir>
 #include <QFile>
+#include <QGuiApplication>
+#include <QKeyEvent>
 #include <QPointF>
 #include <QRectF>
 #include <QSettings>
+#include <QStyleHints>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -24,6 +28,25 @@ class TestPlatform : public QObject
     }
 
 private Q_SLOTS:
+    // The caret rests once nothing happens, so that an idle window draws
+    // nothing, and blinks again at the next key.
+    void caretRestsWhenIdle()
+    {
+        QStyleHints* hints = QGuiApplication::styleHints();
+        const int flashTime = hints->cursorFlashTime();
+        QVERIFY(flashTime > 0);
+        {
+            CaretBlink blink(nullptr, 50);
+            QTRY_COMPARE(hints->cursorFlashTime(), 0);
+            QObject receiver;
+            QKeyEvent key(QEvent::KeyPress, Qt::Key_A, Qt::NoModifier, u"a"_s);
+            QCoreApplication::sendEvent(&receiver, &key);
+            QCOMPARE(hints->cursorFlashTime(), flashTime);
+            QTRY_COMPARE(hints->cursorFlashTime(), 0);
+        }
+        QCOMPARE(hints->cursorFlashTime(), flashTime);
+    }
+
     // The manifest sits where a program run from the build tree would look too:
     // leave nothing behind.
     void cleanup()
@@ -94,5 +117,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(TestPlatform)
+QTEST_MAIN(TestPlatform)
 #include "TestPlatform.moc"
