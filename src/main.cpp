@@ -8,9 +8,13 @@ Q_IMPORT_QML_PLUGIN(ZorvanePlugin)
 
 int main(int argc, char* argv[])
 {
-    // The command line is not read; Qt only needs to see it. A widget
+    // The command line is not read, not even by Qt (-platform, -style,
+    // -qwindowtitle ...): Qt sees the program's name alone. A widget
     // application, for the file dialogs.
-    QApplication application(argc, argv);
+    static_cast<void>(argc);
+    int qtArgc = 1;
+    char* qtArgv[] = {argv[0], nullptr};
+    QApplication application(qtArgc, qtArgv);
     QQuickStyle::setStyle(QStringLiteral("Fusion"));
 
     return Zorvane::App::Run();

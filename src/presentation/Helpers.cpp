@@ -35,8 +35,9 @@ QString hyphenatedName(const QLocale& locale)
 // Computed once, before main, and read only afterwards.
 const QString systemRegion = QLocale::territoryToCode(QLocale::system().territory());
 const QString systemLocaleName = hyphenatedName(QLocale::system());
-const QString userLocaleName =
-    hyphenatedName(QLocale(QString::fromLatin1(std::setlocale(LC_CTYPE, nullptr))));
+// The user's own locale, as the environment names it (LC_ALL, LC_CTYPE, LANG):
+// before main the C library's current locale is still "C" in every process.
+const QString userLocaleName = hyphenatedName(QLocale::system());
 
 // The runtime's own spelling of a hyphenated name: "en-GB" is "en_GB.UTF-8".
 std::locale runtimeLocale(const QString& name)

@@ -3,6 +3,8 @@
 #include "HResultError.h"
 #include "Helpers.h"
 
+#include <QJSEngine>
+
 namespace Zorvane {
 
 InverseBooleanToVisibilityConverter::InverseBooleanToVisibilityConverter(QObject* parent)
@@ -19,7 +21,14 @@ QVariant InverseBooleanToVisibilityConverter::Convert(const QVariant& value, con
 QVariant InverseBooleanToVisibilityConverter::ConvertBack(const QVariant&, const QVariant&,
                                                           const QVariant&, const QString&) const
 {
-    throw HResultError(HResult::NotImplemented);
+    const HResultError notImplemented(HResult::NotImplemented);
+    // Called from markup, the failure is the script's error: no C++ exception
+    // ever crosses the QML engine.
+    if (QJSEngine* engine = qjsEngine(this)) {
+        engine->throwError(QString::fromUtf8(notImplemented.what()));
+        return {};
+    }
+    throw notImplemented;
 }
 
 } // namespace Zorvane

@@ -21,7 +21,8 @@ public:
     Q_INVOKABLE QVariant Convert(const QVariant& value, const QVariant& targetType = {},
                                  const QVariant& parameter = {},
                                  const QString& language = {}) const;
-    // Not for two-way bindings: always raises "not implemented".
+    // Not for two-way bindings: always raises "not implemented" (0x80004001),
+    // as a script error when called from markup.
     Q_INVOKABLE QVariant ConvertBack(const QVariant& value, const QVariant& targetType = {},
                                      const QVariant& parameter = {},
                                      const QString& language = {}) const;

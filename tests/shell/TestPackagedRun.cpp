@@ -141,6 +141,20 @@ private Q_SLOTS:
         QVERIFY(stored.Lookup(u"ChosenAlgorithms"_s).toString().contains(u"SHA2-256"_s));
     }
 
+    // The program reads no command line: not even Qt's own options take effect.
+    void commandLineHasNoEffect()
+    {
+        QProcess program;
+        program.setProcessChannelMode(QProcess::MergedChannels);
+        program.start(QStringLiteral(ZORVANE_PROGRAM),
+                      {u"-platform"_s, u"no-such-platform"_s, u"-qwindowtitle"_s, u"X"_s});
+        QVERIFY(program.waitForStarted());
+        // A Qt that read "-platform" ends at once for want of the plugin.
+        QVERIFY2(!program.waitForFinished(3000), program.readAll().constData());
+        program.kill();
+        program.waitForFinished();
+    }
+
     void chrome()
     {
         App app;
