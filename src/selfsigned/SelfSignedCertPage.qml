@@ -106,6 +106,17 @@ SelfSignedCertPage {
                         from: -36500
                         to: 36500
                         Accessible.name: "Valid for, in days"
+                        // An emptied box, or text that does not parse, brings the
+                        // old value back; a fraction is rounded down.
+                        valueFromText: function (text, locale) {
+                            let number = NaN;
+                            try {
+                                number = Number.fromLocaleString(locale, text);
+                            } catch (error) {
+                                number = NaN;
+                            }
+                            return isNaN(number) ? value : Math.floor(number);
+                        }
                         onValueModified: page.ViewModel.ValidDays = value
                     }
                 }

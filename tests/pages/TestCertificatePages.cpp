@@ -326,6 +326,21 @@ private Q_SLOTS:
         QTRY_VERIFY(m_window->findChild<QObject*>(u"FailureDialog"_s) == nullptr);
     }
 
+    // An emptied validity box brings the old value back and stores nothing.
+    void emptiedValidityComesBack()
+    {
+        open(1);
+        auto* box = control("ValidDaysCtrl");
+        auto* viewModel = page()->property("ViewModel").value<QObject*>();
+        click(box);
+        QTest::keyClick(m_window, Qt::Key_A, Qt::ControlModifier);
+        QTest::keyClick(m_window, Qt::Key_Backspace);
+        QTest::keyClick(m_window, Qt::Key_Tab);
+        QCOMPARE(box->property("value").toInt(), 365);
+        QCOMPARE(box->property("displayText").toString(), u"365"_s);
+        QCOMPARE(viewModel->property("ValidDays").toInt(), 365);
+    }
+
     void failureShowsTheDialogAndTheNextRunWorks()
     {
         open(2);
