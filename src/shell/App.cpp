@@ -25,12 +25,6 @@ App::App()
     // Where the module's qmldir lies, so that its markup types (ProgressRing)
     // are found as well as its C++ ones.
     m_engine->addImportPath(QStringLiteral("qrc:/"));
-    // The title texts' colours while the window is active and while it is not.
-    const QPalette palette = QGuiApplication::palette();
-    m_resources.insert(QStringLiteral("WindowCaptionForeground"),
-                       palette.color(QPalette::Active, QPalette::WindowText));
-    m_resources.insert(QStringLiteral("WindowCaptionForegroundDisabled"),
-                       palette.color(QPalette::Disabled, QPalette::WindowText));
 }
 
 App::~App()
@@ -39,6 +33,16 @@ App::~App()
     if (current == this) {
         current = nullptr;
     }
+}
+
+QVariantMap App::Resources() const
+{
+    // The title texts' colours while the window is active and while it is not.
+    const QPalette palette = QGuiApplication::palette();
+    return {{QStringLiteral("WindowCaptionForeground"),
+             palette.color(QPalette::Active, QPalette::WindowText)},
+            {QStringLiteral("WindowCaptionForegroundDisabled"),
+             palette.color(QPalette::Disabled, QPalette::WindowText)}};
 }
 
 App* App::Current()

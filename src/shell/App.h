@@ -42,15 +42,15 @@ public:
     MainWindow* Window() const { return m_window.get(); }
     QQmlEngine& Engine() const { return *m_engine; }
 
-    // The application's resources by key: the two caption text colours.
-    const QVariantMap& Resources() const { return m_resources; }
+    // The application's resources by key: the two caption text colours, as the
+    // current palette has them, so that a change of theme reaches every lookup.
+    QVariantMap Resources() const;
 
 private:
     std::unique_ptr<CaretBlink> m_caretBlink;
     std::unique_ptr<QQmlEngine> m_engine;
     std::unique_ptr<MainWindow> m_window;
     bool m_noPackageIdentity = false;
-    QVariantMap m_resources;
 };
 
 } // namespace Zorvane

@@ -18,6 +18,7 @@
 #include <QQmlComponent>
 #include <QQmlEngine>
 #include <QQuickWindow>
+#include <QScreen>
 
 #include <algorithm>
 
@@ -213,10 +214,11 @@ void MainWindow::OnWindowActivated(bool active)
     const App* app = App::Current();
     const QString key = active ? QStringLiteral("WindowCaptionForeground")
                                : QStringLiteral("WindowCaptionForegroundDisabled");
-    if (app == nullptr || !app->Resources().contains(key)) {
+    // Looked up at each activation: the theme may have changed since the last.
+    const QVariant brush = app != nullptr ? app->Resources().value(key) : QVariant();
+    if (!brush.isValid()) {
         throw HResultError(HResult::Unexpected, "missing resource");
     }
-    const QVariant brush = app->Resources().value(key);
     requireChild<QObject>(m_window.get(), "TitleText")->setProperty("color", brush);
     requireChild<QObject>(m_window.get(), "TitleDetailText")->setProperty("color", brush);
 }
@@ -309,8 +311,27 @@ void MainWindow::Connect()
     connect(m_searchBox, SIGNAL(textEdited()), this, SLOT(searchTextEdited()));
 }
 
+namespace {
+constexpr QSize PreferredSize{1100, 720};
+} // namespace
+
 void MainWindow::Activate()
 {
+    // The platform's default first size: what the window was designed for where
+    // that fits, otherwise nine tenths of the available screen, at its top
+    // left. A restored placement comes a moment later and wins.
+    if (const QScreen* screen = m_window->screen()) {
+        const QRect available = screen->availableGeometry();
+        const QSize size(std::clamp(std::min(PreferredSize.width(), available.width() * 9 / 10),
+                                    std::min(MinimumUsableSize.width(), available.width()),
+                                    available.width()),
+                         std::clamp(std::min(PreferredSize.height(), available.height() * 9 / 10),
+                                    std::min(MinimumUsableSize.height(), available.height()),
+                                    available.height()));
+        QRect geometry(QPoint(), size);
+        geometry.moveTopLeft(available.topLeft());
+        m_window->setGeometry(geometry);
+    }
     m_window->show();
     m_window->requestActivate();
 }

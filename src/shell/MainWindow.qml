@@ -9,8 +9,7 @@ ApplicationWindow {
     id: window
 
     objectName: "MainWindow"
-    width: 1100
-    height: 720
+    // The first size is set from the screen before the window shows.
     // Our own title bar: the content reaches the top edge.
     flags: Qt.Window | Qt.FramelessWindowHint
     color: palette.window

@@ -92,6 +92,7 @@ private Q_SLOTS:
         m_app->OnLaunched();
         m_window = m_app->Window()->Window();
         QVERIFY(QTest::qWaitForWindowExposed(m_window));
+        m_window->resize(1100, 720); // the wide layout
         QTRY_VERIFY(page() != nullptr);
     }
 

@@ -13,6 +13,7 @@
 #include <QFile>
 #include <QQuickItem>
 #include <QQuickWindow>
+#include <QScreen>
 #include <QSignalSpy>
 #include <QStandardPaths>
 #include <QTest>
@@ -72,6 +73,12 @@ private Q_SLOTS:
         m_window = qobject_cast<QQuickWindow*>(m_app->MainWindowHandle());
         QVERIFY(m_window);
         QVERIFY(QTest::qWaitForWindowExposed(m_window));
+        // The first size fits the screen (800 x 800 offscreen), whatever the
+        // window was designed for.
+        const QRect available = m_window->screen()->availableGeometry();
+        QVERIFY(available.contains(m_window->frameGeometry()));
+        QCOMPARE(m_window->size(), QSize(720, 720));
+        m_window->resize(1100, 720); // the wide layout, which the tests below expect
         m_navView = named<NavigationView>("NavView");
         m_frame = named<PageFrame>("ContentFrame");
         m_searchBox = named("SearchBox");

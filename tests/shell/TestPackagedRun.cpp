@@ -12,7 +12,10 @@
 
 #include <QApplication>
 #include <QCoreApplication>
+#include <QColor>
 #include <QDir>
+#include <QGuiApplication>
+#include <QPalette>
 #include <QFile>
 #include <QProcess>
 #include <QQuickItem>
@@ -180,6 +183,14 @@ private Q_SLOTS:
         QCOMPARE(detail->property("color"), inactive);
         main.OnWindowActivated(true);
         QCOMPARE(title->property("color"), app.Resources().value(u"WindowCaptionForeground"_s));
+        // A change of theme reaches the next activation.
+        const QPalette original = QGuiApplication::palette();
+        QPalette changed = original;
+        changed.setColor(QPalette::Active, QPalette::WindowText, QColor(0x12, 0x34, 0x56));
+        QGuiApplication::setPalette(changed);
+        main.OnWindowActivated(true);
+        QGuiApplication::setPalette(original);
+        QCOMPARE(title->property("color").value<QColor>(), QColor(0x12, 0x34, 0x56));
 
         const QList<QSize> sizes = window->icon().availableSizes();
         QVERIFY(sizes.contains(QSize(16, 16)) && sizes.contains(QSize(32, 32)));
