@@ -10,6 +10,7 @@ Dialog {
 
     objectName: "FailureDialog"
     modal: true
+    focus: true // Escape closes it, wherever the focus was
     anchors.centerIn: parent
     width: Math.min(parent ? parent.width - 48 : 480, 520)
     standardButtons: Dialog.Ok
