@@ -2,6 +2,7 @@
 
 #include <QCoreApplication>
 #include <QFileDialog>
+#include <QSettings>
 #include <QWindow>
 
 #include <memory>
@@ -20,6 +21,17 @@ FilePickHandler& handler()
 // FileDialog loses a typed name in save mode, so the widget dialog serves.)
 void showDialog(QWindow* owner, const FilePickRequest& request, FilePickDone done)
 {
+    // The dialog keeps its history and last folder in the toolkit's own
+    // settings file in the user's configuration. The picker keeps nothing, so
+    // that file is pointed where nothing can be written or read.
+    static const bool keepsNothing = [] {
+        for (const auto format : {QSettings::NativeFormat, QSettings::IniFormat}) {
+            QSettings::setPath(format, QSettings::UserScope, QStringLiteral("/dev/null"));
+        }
+        return true;
+    }();
+    static_cast<void>(keepsNothing);
+
     const bool save = request.mode == FilePickRequest::Mode::Save;
     auto* dialog = new QFileDialog;
     dialog->setAttribute(Qt::WA_DeleteOnClose);

@@ -1,11 +1,16 @@
 #include "ApplicationData.h"
 #include "CaretBlink.h"
+#include "Coroutines.h"
+#include "FilePicker.h"
 #include "HResultError.h"
+#include "IsolatedConfig.h"
 #include "Package.h"
 
+#include <QApplication>
 #include <QCoreApplication>
 #include <QDir>
 #include <QFile>
+#include <QFileDialog>
 #include <QGuiApplication>
 #include <QKeyEvent>
 #include <QPointF>
@@ -18,6 +23,17 @@
 using namespace Zorvane;
 using namespace Qt::StringLiterals;
 
+namespace {
+// One pick through the toolkit's own dialog.
+FireAndForget pickInto(std::optional<QString>* answer, bool* answered)
+{
+    FilePickRequest request;
+    request.mode = FilePickRequest::Mode::Open;
+    *answer = co_await PickFileAsync(nullptr, request);
+    *answered = true;
+}
+} // namespace
+
 class TestPlatform : public QObject
 {
     Q_OBJECT
@@ -27,7 +43,38 @@ class TestPlatform : public QObject
         return QDir(QCoreApplication::applicationDirPath()).filePath(Package::ManifestRelativePath);
     }
 
+    Zorvane::Testing::IsolatedConfig m_config;
+
 private Q_SLOTS:
+    // The toolkit's dialog answers, and keeps nothing in the user's
+    // configuration (it would write its last folder to QtProject.conf).
+    void fileDialogKeepsNoSettings()
+    {
+        QTemporaryDir dir;
+        const QString path = dir.filePath(u"picked.txt"_s);
+        QFile(path).open(QIODevice::WriteOnly);
+        std::optional<QString> answer;
+        bool answered = false;
+        pickInto(&answer, &answered);
+        const auto openDialog = [] {
+            for (QWidget* widget : QApplication::topLevelWidgets()) {
+                if (auto* dialog = qobject_cast<QFileDialog*>(widget);
+                    dialog && dialog->isVisible()) {
+                    return dialog;
+                }
+            }
+            return static_cast<QFileDialog*>(nullptr);
+        };
+        QTRY_VERIFY(openDialog());
+        openDialog()->selectFile(path);
+        QMetaObject::invokeMethod(openDialog(), "accept");
+        QTRY_VERIFY(answered);
+        QCOMPARE(answer, std::optional<QString>(path));
+        QTest::qWait(50); // the dialog goes, and would save its settings
+        const QString config = QString::fromLocal8Bit(qgetenv("XDG_CONFIG_HOME"));
+        QCOMPARE(QDir(config).entryList(QDir::NoDotAndDotDot | QDir::AllEntries), QStringList());
+    }
+
     // The caret rests once nothing happens, so that an idle window draws
     // nothing, and blinks again at the next key.
     void caretRestsWhenIdle()
