@@ -3,6 +3,7 @@
 #include "CertSigningRequestViewModel.h"
 #include "HResultError.h"
 #include "InverseBooleanToVisibilityConverter.h"
+#include "MainWindow.h"
 #include "OpenSslChecksumsViewModel.h"
 #include "SelfSignedCertViewModel.h"
 
@@ -79,6 +80,9 @@ QObject* ActivateInstance(QQmlEngine& engine, const QString& fullName)
 {
     if (const auto page = pageMarkup().constFind(fullName); page != pageMarkup().cend()) {
         return createPage(engine, *page);
+    }
+    if (fullName == QLatin1String("Zorvane.MainWindow")) {
+        return new MainWindow(engine); // its markup needs the engine
     }
     if (const auto make = plainClasses().constFind(fullName); make != plainClasses().cend()) {
         return (*make)();

@@ -209,6 +209,8 @@ private Q_SLOTS:
         QTest::addColumn<quint32>("code"); // 0: made
         QTest::newRow("view model") << u"Zorvane.SelfSignedCertViewModel"_s << 0u;
         QTest::newRow("converter") << u"Zorvane.InverseBooleanToVisibilityConverter"_s << 0u;
+        QTest::newRow("window") << u"Zorvane.MainWindow"_s << 0u;
+        QTest::newRow("page") << u"Zorvane.OpenSslChecksumsPage"_s << 0u;
         QTest::newRow("static class") << u"Zorvane.Helpers"_s << HResult::NotImplemented;
         QTest::newRow("unknown") << u"Zorvane.Nothing"_s << HResult::ClassNotAvailable;
         QTest::newRow("case matters") << u"zorvane.helpers"_s << HResult::ClassNotAvailable;
