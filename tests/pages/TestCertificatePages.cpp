@@ -137,24 +137,71 @@ private Q_SLOTS:
                  u"www.example.com"_s);
     }
 
+    void emptyNameOrCancelledPickerWritesNothing_data()
+    {
+        QTest::addColumn<int>("entry");
+        QTest::addColumn<QString>("button");
+        QTest::addColumn<QString>("extension");
+        QTest::newRow("self-signed") << 1 << u"GeneratePemButton"_s << u".crt"_s;
+        QTest::newRow("request") << 2 << u"GenerateButton"_s << u".csr"_s;
+    }
+
     void emptyNameOrCancelledPickerWritesNothing()
     {
-        open(1);
+        QFETCH(int, entry);
+        QFETCH(QString, button);
+        QFETCH(QString, extension);
+        open(entry);
         // An empty name ends the flow before the picker.
-        qobject_cast<SelfSignedCertPage*>(page())->OnGenerateClick(control("GeneratePemButton"));
+        QMetaObject::invokeMethod(page(), "OnGenerateClick",
+                                  Q_ARG(QObject*, control(qPrintable(button))));
         QTest::qWait(50);
         QVERIFY(m_requests.isEmpty());
 
         type(control("CommonNameCtrl"), u"host.example"_s);
         m_answer.reset();
-        const QStringList states = statesDuring([&] { click(control("GeneratePemButton")); },
+        const QStringList states = statesDuring([&] { click(control(qPrintable(button))); },
                                                 [&] { return !m_requests.isEmpty(); });
         QTest::qWait(50);
         QCOMPARE(states, QStringList{});
         QVERIFY(m_reveals.isEmpty());
+        QCOMPARE(m_requests.first().mode, FilePickRequest::Mode::Save);
         QCOMPARE(m_requests.first().choiceKey, u"PEM"_s);
-        QCOMPARE(m_requests.first().extensions, QStringList{u".crt"_s});
-        QCOMPARE(m_requests.first().defaultExtension, u".crt"_s);
+        QCOMPARE(m_requests.first().extensions, QStringList{extension});
+        QCOMPARE(m_requests.first().defaultExtension, extension);
+    }
+
+    // "InProgress" takes the whole form away, and shows the busy indicator.
+    void inProgressDisablesTheForm_data()
+    {
+        QTest::addColumn<int>("entry");
+        QTest::addColumn<QStringList>("controls");
+        QTest::newRow("self-signed")
+            << 1
+            << QStringList{u"ServerCtrl"_s,          u"CommonNameCtrl"_s, u"ValidDaysCtrl"_s,
+                           u"KeySizeCtrl"_s,         u"PassphraseCtrl"_s, u"GeneratePemButton"_s,
+                           u"GeneratePkcs12Button"_s};
+        QTest::newRow("request") << 2 << QStringList{u"ServerCtrl"_s,      u"CommonNameCtrl"_s,
+                                                     u"AltNamesCtrl"_s,    u"OrganizationCtrl"_s,
+                                                     u"CountryCodeCtrl"_s, u"PassphraseCtrl"_s,
+                                                     u"GenerateButton"_s};
+    }
+
+    void inProgressDisablesTheForm()
+    {
+        QFETCH(int, entry);
+        QFETCH(QStringList, controls);
+        open(entry);
+        type(control("CommonNameCtrl"), u"x"_s);
+        page()->setState(u"InProgress"_s);
+        for (const QString& name : controls) {
+            QVERIFY2(!control(qPrintable(name))->isEnabled(), qPrintable(name));
+        }
+        QVERIFY(control("BusyIndicator")->property("running").toBool());
+        page()->setState(u"Normal"_s);
+        for (const QString& name : controls) {
+            QVERIFY2(control(qPrintable(name))->isEnabled(), qPrintable(name));
+        }
     }
 
     void selfSignedPemRun()
@@ -327,19 +374,36 @@ private Q_SLOTS:
         QTRY_VERIFY(m_window->findChild<QObject*>(u"FailureDialog"_s) == nullptr);
     }
 
-    // An emptied validity box brings the old value back and stores nothing.
-    void emptiedValidityComesBack()
+    // What is typed into the validity box, what it shows and what is stored
+    // (the smaller of the value and 1). An emptied box brings the old value back.
+    void validityTyped_data()
     {
+        QTest::addColumn<QString>("typed");
+        QTest::addColumn<int>("shown");
+        QTest::addColumn<int>("stored");
+        QTest::newRow("emptied: the old value, nothing stored") << QString() << 365 << 365;
+        QTest::newRow("not a number: the old value") << u"-"_s << 365 << 365;
+        QTest::newRow("30 is stored as 1") << u"30"_s << 30 << 1;
+        QTest::newRow("0 stays 0") << u"0"_s << 0 << 0;
+        QTest::newRow("negative stays") << u"-5"_s << -5 << -5;
+    }
+
+    void validityTyped()
+    {
+        QFETCH(QString, typed);
+        QFETCH(int, shown);
+        QFETCH(int, stored);
         open(1);
         auto* box = control("ValidDaysCtrl");
         auto* viewModel = page()->property("ViewModel").value<QObject*>();
         click(box);
         QTest::keyClick(m_window, Qt::Key_A, Qt::ControlModifier);
         QTest::keyClick(m_window, Qt::Key_Backspace);
+        typeText(m_window, typed);
         QTest::keyClick(m_window, Qt::Key_Tab);
-        QCOMPARE(box->property("value").toInt(), 365);
-        QCOMPARE(box->property("displayText").toString(), u"365"_s);
-        QCOMPARE(viewModel->property("ValidDays").toInt(), 365);
+        QCOMPARE(box->property("value").toInt(), shown);
+        QCOMPARE(box->property("displayText").toString(), QString::number(shown));
+        QCOMPARE(viewModel->property("ValidDays").toInt(), stored);
     }
 
     void failureShowsTheDialogAndTheNextRunWorks()
