@@ -19,6 +19,7 @@
 #include <QQmlEngine>
 #include <QQuickWindow>
 #include <QScreen>
+#include <QStyleHints>
 
 #include <algorithm>
 
@@ -127,9 +128,39 @@ bool MainWindow::eventFilter(QObject* watched, QEvent* event)
     return QObject::eventFilter(watched, event);
 }
 
+namespace {
+MainWindow::SystemMoveHandler& systemMoveHandler()
+{
+    static MainWindow::SystemMoveHandler handler;
+    return handler;
+}
+} // namespace
+
+void MainWindow::SetSystemMoveHandler(SystemMoveHandler handler)
+{
+    systemMoveHandler() = std::move(handler);
+}
+
 bool MainWindow::handleTitleBarMouse(QEvent* event)
 {
     const auto type = event->type();
+    if (type == QEvent::MouseButtonRelease) {
+        m_dragPress.reset();
+        return false;
+    }
+    if (type == QEvent::MouseMove) {
+        auto* mouse = static_cast<QMouseEvent*>(event);
+        if (!m_dragPress || !mouse->buttons().testFlag(Qt::LeftButton)) {
+            return false;
+        }
+        const QPointF travelled = mouse->position() - *m_dragPress;
+        if (travelled.manhattanLength() < QGuiApplication::styleHints()->startDragDistance()) {
+            return true;
+        }
+        m_dragPress.reset();
+        const SystemMoveHandler& handler = systemMoveHandler();
+        return handler ? handler(m_window.get()) : m_window->startSystemMove();
+    }
     if (type != QEvent::MouseButtonPress && type != QEvent::MouseButtonDblClick) {
         return false;
     }
@@ -162,6 +193,7 @@ bool MainWindow::handleTitleBarMouse(QEvent* event)
         return false;
     }
     if (type == QEvent::MouseButtonDblClick) {
+        m_dragPress.reset();
         if (m_window->windowStates().testFlag(Qt::WindowMaximized)) {
             m_window->showNormal();
         } else {
@@ -169,7 +201,10 @@ bool MainWindow::handleTitleBarMouse(QEvent* event)
         }
         return true;
     }
-    return m_window->startSystemMove();
+    // Not yet a move: the system takes the pointer once the drag begins, and
+    // a move started here would swallow the second click of a double click.
+    m_dragPress = position;
+    return true;
 }
 
 int MainWindow::Dpi() const

@@ -4,15 +4,19 @@
 #include "TitleBarGeometry.h"
 
 #include <QObject>
+#include <QPointF>
 #include <QPointer>
 #include <QRect>
 #include <QStringList>
 
+#include <functional>
 #include <memory>
+#include <optional>
 
 class QQmlEngine;
 class QQuickItem;
 class QQuickWindow;
+class QWindow;
 
 namespace Zorvane {
 
@@ -67,6 +71,11 @@ public:
 
     static constexpr int UserInput = 0;
 
+    // Starts the system's move of the window; tests put their own in place,
+    // since an offscreen or bare X server has no window manager to move it.
+    using SystemMoveHandler = std::function<bool(QWindow*)>;
+    static void SetSystemMoveHandler(SystemMoveHandler handler);
+
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
@@ -89,6 +98,10 @@ private:
     QPointer<QQuickItem> m_appTitleBar;
     QPointer<QQuickItem> m_captionButtons;
     std::array<DragRectangle, 5> m_dragRectangles{};
+    // Where a press in a drag area began: a move starts once the pointer has
+    // travelled the drag distance from there, so that a double click stays a
+    // double click.
+    std::optional<QPointF> m_dragPress;
     bool m_extendsContentIntoTitleBar = true;
 };
 

@@ -230,6 +230,37 @@ private Q_SLOTS:
         }
     }
 
+    // A press in the title bar's drag area is not yet a move: the move starts
+    // once the pointer travels, so a double click always arrives, and it
+    // toggles maximised and restored, every time.
+    void titleBarDragAndDoubleClick()
+    {
+        int moves = 0;
+        MainWindow::SetSystemMoveHandler([&](QWindow*) {
+            ++moves;
+            return true;
+        });
+        QTRY_VERIFY(m_app->Window()->DragRects()[4].width > 0);
+        const DragRectangle area = m_app->Window()->DragRects()[4];
+        const QPoint centre(area.x + area.width / 2, area.y + area.height / 2);
+        QTest::mousePress(m_window, Qt::LeftButton, {}, centre);
+        QCOMPARE(moves, 0);
+        QTest::mouseMove(m_window, centre + QPoint(1, 0)); // within the drag distance
+        QCOMPARE(moves, 0);
+        QTest::mouseMove(m_window, centre + QPoint(30, 0));
+        QCOMPARE(moves, 1);
+        QTest::mouseRelease(m_window, Qt::LeftButton, {}, centre + QPoint(30, 0));
+        for (const bool maximised : {true, false, true, false}) {
+            QTest::qWait(50); // the title bar lays out for the new size
+            const DragRectangle left = m_app->Window()->DragRects()[0];
+            QTest::mouseDClick(m_window, Qt::LeftButton, {},
+                               QPoint(left.x + left.width / 2, left.y + left.height / 2));
+            QTRY_COMPARE(m_window->windowStates().testFlag(Qt::WindowMaximized), maximised);
+        }
+        QCOMPARE(moves, 1);
+        MainWindow::SetSystemMoveHandler({});
+    }
+
     void closingWithoutPackageIdentityStoresNothing()
     {
         m_window->close();
