@@ -3,6 +3,8 @@
 #include "ChecksumSelection.h"
 #include "DefinitionGrid.h"
 #include "FilePicker.h"
+#include "HashAlgo.h"
+#include "HashAlgoVector.h"
 #include "IsolatedConfig.h"
 #include "MainWindow.h"
 #include "NavigationView.h"
@@ -11,12 +13,13 @@
 #include "PageFrame.h"
 
 #include <QApplication>
-#include <QCoreApplication>
 #include <QColor>
+#include <QCoreApplication>
 #include <QDir>
+#include <QElapsedTimer>
+#include <QFile>
 #include <QGuiApplication>
 #include <QPalette>
-#include <QFile>
 #include <QProcess>
 #include <QQuickItem>
 #include <QQuickWindow>
@@ -139,9 +142,17 @@ private Q_SLOTS:
         QVERIFY2(ended, "still running after its window closed");
         QCOMPARE(child.exitStatus(), QProcess::NormalExit);
         QCOMPARE(child.exitCode(), 0);
-        const SettingsValues& stored = ApplicationData::Current().LocalSettingsValues();
-        QVERIFY(stored.Lookup(u"WindowPlacement"_s).toMap().contains(u"rcNormalPosition"_s));
-        QVERIFY(stored.Lookup(u"ChosenAlgorithms"_s).toString().contains(u"SHA2-256"_s));
+        // Saved at the close, and there again at the next start of the program.
+        QProcess next;
+        next.start(QCoreApplication::applicationFilePath(), {u"--report-restored"_s});
+        QVERIFY(next.waitForFinished(60000));
+        QCOMPARE(next.exitCode(), 0);
+        const QStringList report =
+            QString::fromUtf8(next.readAllStandardOutput()).trimmed().split(u' ');
+        QCOMPARE(report.mid(0, 4), (QStringList{u"30"_s, u"40"_s, u"700"_s, u"500"_s}));
+        const QStringList chosen = report.value(4).split(u',');
+        QCOMPARE(chosen.size(), 19); // every digest, as chosen before the close
+        QVERIFY(chosen.contains(u"SHA2-256"_s) && chosen.contains(u"MD5"_s));
     }
 
     // The program reads no command line: not even Qt's own options take effect.
@@ -221,11 +232,54 @@ static int closeDuringRun(int argc, char** argv)
             step = 2;
         } else if (step == 2 && page != nullptr && page->state() == u"InProgress"_s &&
                    !page->ViewModel()->HashAlgos()->items().isEmpty()) {
+            window->setGeometry(30, 40, 700, 500);
+            step = 3;
+        } else if (step == 3 &&
+                   App::Current()->Window()->NormalGeometry() == QRect(30, 40, 700, 500)) {
             std::puts("closing");
             std::fflush(stdout);
             window->close();
-            step = 3;
+            step = 4;
         }
+    });
+    driver.start(20);
+    return App::Run();
+}
+
+// "--report-restored": the program as main() runs it, started again; prints
+// where its window came back and which digests its checksum page shows
+// chosen, then closes.
+static int reportRestored(int argc, char** argv)
+{
+    QApplication application(argc, argv);
+    QTimer driver;
+    QElapsedTimer shown;
+    QObject::connect(&driver, &QTimer::timeout, [&] {
+        QQuickWindow* window = App::Current() ? App::Current()->Window()->Window() : nullptr;
+        auto* frame = window ? window->findChild<PageFrame*>(u"ContentFrame"_s) : nullptr;
+        if (frame == nullptr || !window->isExposed()) {
+            return;
+        }
+        auto* page = qobject_cast<OpenSslChecksumsPage*>(frame->Content());
+        if (page == nullptr) {
+            auto* nav = window->findChild<NavigationView*>(u"NavView"_s);
+            nav->setSelectedItem(nav->MenuItems().at(3));
+            shown.start();
+            return;
+        }
+        if (shown.elapsed() < 500) { // the placement and the selection land
+            return;
+        }
+        QStringList chosen;
+        for (const HashAlgo* algo : page->ViewModel()->HashAlgos()->items()) {
+            chosen << algo->ShortName();
+        }
+        const QRect geometry = window->geometry();
+        std::printf("%d %d %d %d %s\n", geometry.x(), geometry.y(), geometry.width(),
+                    geometry.height(), qPrintable(chosen.join(u',')));
+        std::fflush(stdout);
+        driver.stop();
+        window->close();
     });
     driver.start(20);
     return App::Run();
@@ -235,6 +289,9 @@ int main(int argc, char** argv)
 {
     if (argc == 3 && std::strcmp(argv[1], "--close-during-run") == 0) {
         return closeDuringRun(argc, argv);
+    }
+    if (argc == 2 && std::strcmp(argv[1], "--report-restored") == 0) {
+        return reportRestored(argc, argv);
     }
     QApplication application(argc, argv);
     TestPackagedRun test;
