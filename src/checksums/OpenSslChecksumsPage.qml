@@ -81,9 +81,20 @@ OpenSslChecksumsPage {
                             ToolTip.visible: hovered
                             ToolTip.delay: 600
                             ToolTip.text: Helpers.FormatString("Calculate {0} checksum", (algo?.Description ?? ""), Helpers.UserLocaleName)
-                            onClicked: {
+                            // A tick by mouse, keyboard or an assistive tool
+                            // changes the selection, and so starts a run.
+                            function choose() {
                                 algo.Checked = checked;
                                 page.AlgorithmClick();
+                            }
+                            onClicked: choose()
+                            Accessible.onToggleAction: {
+                                toggle();
+                                choose();
+                            }
+                            Accessible.onPressAction: {
+                                toggle();
+                                choose();
                             }
                         }
                     }

@@ -224,6 +224,28 @@ private Q_SLOTS:
         QTRY_COMPARE(text(u"Value_MD5"_s), expected(u"MD5"_s));
     }
 
+    // A digest ticked by an assistive tool starts a run, as a click does.
+    void tickedThroughAccessibility_data()
+    {
+        QTest::addColumn<QString>("action");
+        QTest::newRow("toggle") << QAccessibleActionInterface::toggleAction();
+        QTest::newRow("press") << QAccessibleActionInterface::pressAction();
+    }
+
+    void tickedThroughAccessibility()
+    {
+        QFETCH(QString, action);
+        open();
+        m_answer = m_file;
+        clickAndWait(item(u"FileButton"_s));
+        QAccessibleInterface* box = QAccessible::queryAccessibleInterface(item(u"Check_MD5"_s));
+        QVERIFY(box && box->actionInterface());
+        actAndWait([&] { box->actionInterface()->doAction(action); });
+        QVERIFY(item(u"Check_MD5"_s)->property("checked").toBool());
+        QVERIFY(box->state().checked);
+        QCOMPARE(text(u"Value_MD5"_s), expected(u"MD5"_s));
+    }
+
     // "InProgress" takes away everything that starts a run or copies a report.
     void inProgressDisables()
     {
