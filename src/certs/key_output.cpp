@@ -85,6 +85,10 @@ int open_secret_file(const std::string& path)
     if (!S_ISREG(info.st_mode)) {
         raise_system_error(EINVAL, "open", path);
     }
+    // Someone else's file stays readable by its owner, whatever its mode.
+    if (info.st_uid != ::geteuid()) {
+        raise_system_error(EPERM, "open", path);
+    }
     // An existing file may have been readable by others: restricted before it
     // is emptied and written. A file made just now is owner-only already, and
     // a file system without permission bits (FAT) refuses the call.

@@ -172,6 +172,7 @@ private Q_SLOTS:
         QTest::newRow("device") << u"/dev/null"_s << u"system lib"_s;
         QTest::newRow("socket") << u"socket"_s << u"no such file"_s;
         QTest::newRow("another user's link") << u"foreign link"_s << u"system lib"_s;
+        QTest::newRow("another user's file") << u"foreign file"_s << u"system lib"_s;
         QTest::newRow("the user's own link to a file") << u"own link"_s << QString();
         QTest::newRow("the user's own link to a pipe") << u"own link to fifo"_s << u"no such file"_s;
         // clang-format on
@@ -197,6 +198,11 @@ private Q_SLOTS:
             }
         } else if (target.startsWith(u'/')) {
             path = target.toUtf8();
+        } else if (target == u"foreign file"_s) {
+            path = file;
+            if (chown(path.constData(), 65534, 65534) != 0) {
+                QSKIP("needs root to give a file to another user");
+            }
         } else if (target == u"socket"_s) {
             socketFd = socket(AF_UNIX, SOCK_STREAM, 0);
             sockaddr_un address = {};
