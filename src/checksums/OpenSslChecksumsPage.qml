@@ -45,6 +45,8 @@ OpenSslChecksumsPage {
                     objectName: "AllButton"
                     text: "All"
                     Accessible.name: "Choose every digest"
+                    // An assistive tool presses it as a pointer does.
+                    Accessible.onPressAction: if (enabled) clicked()
                     onClicked: page.SelectAllClick()
                 }
                 Button {
@@ -53,6 +55,8 @@ OpenSslChecksumsPage {
                     objectName: "NoneButton"
                     text: "None"
                     Accessible.name: "Choose no digest"
+                    // An assistive tool presses it as a pointer does.
+                    Accessible.onPressAction: if (enabled) clicked()
                     onClicked: page.SelectNoneClick()
                 }
             }
@@ -117,6 +121,8 @@ OpenSslChecksumsPage {
                     text: "Choose File\u2026"
                     highlighted: true
                     Accessible.name: "Choose the file to check"
+                    // An assistive tool presses it as a pointer does.
+                    Accessible.onPressAction: if (enabled) clicked()
                     onClicked: page.SelectFileClick()
                 }
                 Button {
@@ -126,6 +132,8 @@ OpenSslChecksumsPage {
                     text: "Copy All"
                     enabled: Helpers.StringToEnabled(fileNameBox.text)
                     Accessible.name: "Copy the path, the size and every checksum"
+                    // An assistive tool presses it as a pointer does.
+                    Accessible.onPressAction: if (enabled) clicked()
                     onClicked: page.CopyAllClick()
                 }
                 ProgressRing {
@@ -143,7 +151,9 @@ OpenSslChecksumsPage {
                 Layout.fillWidth: true
                 elide: Text.ElideMiddle
                 font.weight: Font.DemiBold
-                Accessible.name: "File"
+                // Read out as its value, then what it is.
+                Accessible.name: text
+                Accessible.description: "File"
             }
 
             // The size row: value first, then its copy button, then the label.
@@ -159,7 +169,8 @@ OpenSslChecksumsPage {
                     DefinitionGrid.column: 1
                     font.family: "monospace"
                     verticalAlignment: Text.AlignVCenter
-                    Accessible.name: "Size in bytes"
+                    Accessible.name: text
+                    Accessible.description: "Size in bytes"
                 }
                 ToolButton {
                     objectName: "SizeCopyButton"
@@ -167,6 +178,7 @@ OpenSslChecksumsPage {
                     text: "Copy"
                     visible: Helpers.StringToVisibility(sizeOutput.text) === 0
                     Accessible.name: ToolTip.text
+                    Accessible.onPressAction: if (enabled) clicked()
                     ToolTip.visible: hovered
                     ToolTip.text: Helpers.FormatString("Copy {0}", "Size (Bytes)", Helpers.UserLocaleName)
                     onClicked: page.CopyTextClick(this)
@@ -210,7 +222,9 @@ OpenSslChecksumsPage {
                                 font.family: "monospace"
                                 color: palette.text
                                 selectionColor: palette.highlight
-                                Accessible.name: (algo?.ShortName ?? "") + " checksum"
+                                Accessible.role: Accessible.StaticText
+                                Accessible.name: text
+                                Accessible.description: (algo?.ShortName ?? "") + " checksum"
                             }
                             ToolButton {
                                 objectName: "Copy_" + (algo?.ShortName ?? "")
@@ -218,6 +232,7 @@ OpenSslChecksumsPage {
                                 text: "Copy"
                                 visible: Helpers.StringToVisibility((algo?.Checksum ?? "")) === 0
                                 Accessible.name: ToolTip.text
+                                Accessible.onPressAction: if (enabled) clicked()
                                 ToolTip.visible: hovered
                                 ToolTip.text: Helpers.FormatString("Copy {0}", (algo?.ShortName ?? ""), Helpers.UserLocaleName)
                                 onClicked: page.CopyTextClick(this)

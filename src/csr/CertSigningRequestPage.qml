@@ -216,6 +216,7 @@ CertSigningRequestPage {
                     highlighted: true
                     enabled: Helpers.StringToEnabled(commonNameCtrl.text)
                     Accessible.name: "Generate the request and its key"
+                    Accessible.onPressAction: if (enabled) clicked()
                     onClicked: page.OnGenerateClick(this)
                 }
                 ProgressRing {

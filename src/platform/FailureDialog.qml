@@ -13,7 +13,16 @@ Dialog {
     focus: true // Escape closes it, wherever the focus was
     anchors.centerIn: parent
     width: Math.min(parent ? parent.width - 48 : 480, 520)
-    standardButtons: Dialog.Ok
+    // One "OK", which an assistive tool can press as a pointer does.
+    footer: DialogButtonBox {
+        Button {
+            objectName: "FailureOkButton"
+            text: "OK"
+            DialogButtonBox.buttonRole: DialogButtonBox.AcceptRole
+            Accessible.onPressAction: if (enabled) clicked()
+        }
+        onAccepted: dialog.accept()
+    }
     padding: 18
     topPadding: 8
     header: Label {

@@ -161,6 +161,7 @@ SelfSignedCertPage {
                     highlighted: true
                     enabled: Helpers.StringToEnabled(commonNameCtrl.text)
                     Accessible.name: "Generate the certificate and key as PEM files"
+                    Accessible.onPressAction: if (enabled) clicked()
                     onClicked: page.OnGenerateClick(this)
                 }
                 Button {
@@ -169,6 +170,7 @@ SelfSignedCertPage {
                     text: "Generate PKCS#12 Bundle\u2026"
                     enabled: Helpers.StringToEnabled(commonNameCtrl.text)
                     Accessible.name: "Generate the certificate and key as one PKCS#12 bundle"
+                    Accessible.onPressAction: if (enabled) clicked()
                     onClicked: page.OnGenerateClick(this)
                 }
                 ProgressRing {

@@ -121,6 +121,8 @@ ApplicationWindow {
                     color: captionButton.danger && captionButton.hovered ? "white" : palette.windowText
                 }
                 Accessible.name: captionButton.Accessible.description
+                // An assistive tool presses it as a pointer does.
+                Accessible.onPressAction: if (enabled) clicked()
             }
 
             CaptionButton {
@@ -131,7 +133,7 @@ ApplicationWindow {
             }
             CaptionButton {
                 objectName: "MaximizeButton"
-                readonly property bool maximized: window.visibility === Window.Maximized
+                readonly property bool maximized: Window.visibility === Window.Maximized
                 text: maximized ? "❐" : "☐"
                 Accessible.description: maximized ? qsTr("Restore") : qsTr("Maximise")
                 onClicked: maximized ? window.showNormal() : window.showMaximized()
@@ -217,6 +219,7 @@ ApplicationWindow {
                     text: "\u2630"
                     font.pixelSize: 18
                     Accessible.name: qsTr("Open navigation")
+                    Accessible.onPressAction: if (enabled) clicked()
                     onClicked: navView.IsPaneOpen = true
                 }
 

@@ -246,6 +246,36 @@ private Q_SLOTS:
         QCOMPARE(text(u"Value_MD5"_s), expected(u"MD5"_s));
     }
 
+    // Through the accessibility interface alone: the buttons press as a click
+    // does, and the path, the size and each checksum read out as their text.
+    void resultsAndButtonsThroughAccessibility()
+    {
+        open();
+        m_answer = m_file;
+        actAndWait([&] { QVERIFY(accessiblePress(item(u"FileButton"_s))); });
+        actAndWait([&] {
+            QVERIFY(
+                accessibleAction(item(u"Check_MD5"_s), QAccessibleActionInterface::toggleAction()));
+        });
+        const auto spoken = [&](const QString& name) -> QString {
+            QAccessibleInterface* accessible = QAccessible::queryAccessibleInterface(item(name));
+            return accessible->text(QAccessible::Name) + u" | "_s +
+                   accessible->text(QAccessible::Description);
+        };
+        QCOMPARE(spoken(u"fileNameBox"_s), m_file + u" | File"_s);
+        QCOMPARE(spoken(u"sizeOutput"_s), u"1234567 | Size in bytes"_s);
+        QCOMPARE(spoken(u"Value_MD5"_s), expected(u"MD5"_s) + u" | MD5 checksum"_s);
+
+        QVERIFY(accessiblePress(item(u"CopyAllButton"_s)));
+        QVERIFY(QGuiApplication::clipboard()->text().startsWith(m_file + u"\r\n"_s));
+        QVERIFY(accessiblePress(item(u"Copy_MD5"_s)));
+        QCOMPARE(QGuiApplication::clipboard()->text(), expected(u"MD5"_s));
+        actAndWait([&] { QVERIFY(accessiblePress(item(u"AllButton"_s))); });
+        QVERIFY(item(u"Row_SHA1"_s)->isVisible());
+        actAndWait([&] { QVERIFY(accessiblePress(item(u"NoneButton"_s))); });
+        QVERIFY(!item(u"Row_MD5"_s)->isVisible());
+    }
+
     // "InProgress" takes away everything that starts a run or copies a report.
     void inProgressDisables()
     {

@@ -6,6 +6,7 @@
 #include "NavigationView.h"
 #include "PageFrame.h"
 
+#include <QAccessible>
 #include <QQuickItem>
 #include <QQuickWindow>
 #include <QTest>
@@ -28,6 +29,24 @@ inline void typeText(QQuickWindow* window, const QString& text)
             QTest::keyClick(window, c.toLatin1());
         }
     }
+}
+
+// What an assistive tool does: the named action of the item's accessible
+// interface, with no mouse and no keys.
+inline bool accessibleAction(QQuickItem* item, const QString& action)
+{
+    QAccessibleInterface* accessible = QAccessible::queryAccessibleInterface(item);
+    if (accessible == nullptr || accessible->actionInterface() == nullptr ||
+        !accessible->actionInterface()->actionNames().contains(action)) {
+        return false;
+    }
+    accessible->actionInterface()->doAction(action);
+    return true;
+}
+
+inline bool accessiblePress(QQuickItem* item)
+{
+    return accessibleAction(item, QAccessibleActionInterface::pressAction());
 }
 
 // Walks the visual tree: a repeater's rows are not its QObject children.
