@@ -27,7 +27,10 @@ SelfSignedCertPage {
         validDaysCtrl.value = page.ViewModel.ValidDays;
         keySizeCtrl.currentIndex = keySizeCtrl.indexOfValue(page.ViewModel.KeySize);
         passphraseCtrl.text = page.ViewModel.Passphrase;
+        controlsBound = true;
     }
+    // From here on a control's change is the user's, however it was made.
+    property bool controlsBound: false
 
     ScrollView {
         anchors.fill: parent
@@ -117,7 +120,8 @@ SelfSignedCertPage {
                             }
                             return isNaN(number) ? value : Math.floor(number);
                         }
-                        onValueModified: page.ViewModel.ValidDays = value
+                        // Typed, stepped or set by an assistive tool alike.
+                        onValueChanged: if (page.controlsBound) page.ViewModel.ValidDays = value
                     }
                 }
                 ColumnLayout {

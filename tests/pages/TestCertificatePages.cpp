@@ -408,6 +408,21 @@ private Q_SLOTS:
         QCOMPARE(viewModel->property("ValidDays").toInt(), stored);
     }
 
+    // The validity set or stepped by an assistive tool takes effect as typing does.
+    void validityThroughAccessibility()
+    {
+        open(1);
+        auto* viewModel = page()->property("ViewModel").value<QObject*>();
+        QAccessibleInterface* box = QAccessible::queryAccessibleInterface(control("ValidDaysCtrl"));
+        QVERIFY(box && box->valueInterface());
+        box->valueInterface()->setCurrentValue(0);
+        QCOMPARE(viewModel->property("ValidDays").toInt(), 0);
+        QVERIFY(accessibleAction(control("ValidDaysCtrl"),
+                                 QAccessibleActionInterface::decreaseAction()));
+        QCOMPARE(control("ValidDaysCtrl")->property("value").toInt(), -1);
+        QCOMPARE(viewModel->property("ValidDays").toInt(), -1);
+    }
+
     void failureShowsTheDialogAndTheNextRunWorks()
     {
         open(2);
