@@ -141,6 +141,43 @@ void MainWindow::SetSystemMoveHandler(SystemMoveHandler handler)
     systemMoveHandler() = std::move(handler);
 }
 
+Qt::Edges MainWindow::resizeEdgesAt(const QPointF& position) const
+{
+    // A frameless window resizes from a thin band along its edges.
+    constexpr double Border = 5;
+    Qt::Edges edges;
+    if (m_window->windowStates() == Qt::WindowNoState) {
+        edges.setFlag(Qt::LeftEdge, position.x() < Border);
+        edges.setFlag(Qt::RightEdge, position.x() >= m_window->width() - Border);
+        edges.setFlag(Qt::TopEdge, position.y() < Border);
+        edges.setFlag(Qt::BottomEdge, position.y() >= m_window->height() - Border);
+    }
+    return edges;
+}
+
+bool MainWindow::showResizeCursor(Qt::Edges edges)
+{
+    if (edges == Qt::Edges()) {
+        if (m_resizeCursor) {
+            m_resizeCursor = false;
+            m_window->unsetCursor(); // the items' own cursors again
+        }
+        return false;
+    }
+    const bool leading =
+        edges == (Qt::LeftEdge | Qt::TopEdge) || edges == (Qt::RightEdge | Qt::BottomEdge);
+    const bool trailing =
+        edges == (Qt::RightEdge | Qt::TopEdge) || edges == (Qt::LeftEdge | Qt::BottomEdge);
+    const Qt::CursorShape shape = leading    ? Qt::SizeFDiagCursor
+                                  : trailing ? Qt::SizeBDiagCursor
+                                  : edges.testAnyFlags(Qt::LeftEdge | Qt::RightEdge)
+                                      ? Qt::SizeHorCursor
+                                      : Qt::SizeVerCursor;
+    m_window->setCursor(shape);
+    m_resizeCursor = true;
+    return true; // the band is the frame's: no hover below it
+}
+
 bool MainWindow::handleTitleBarMouse(QEvent* event)
 {
     const auto type = event->type();
@@ -150,6 +187,9 @@ bool MainWindow::handleTitleBarMouse(QEvent* event)
     }
     if (type == QEvent::MouseMove) {
         auto* mouse = static_cast<QMouseEvent*>(event);
+        if (mouse->buttons() == Qt::NoButton) {
+            return showResizeCursor(resizeEdgesAt(mouse->position()));
+        }
         if (!m_dragPress || !mouse->buttons().testFlag(Qt::LeftButton)) {
             return false;
         }
@@ -170,15 +210,7 @@ bool MainWindow::handleTitleBarMouse(QEvent* event)
     }
     const QPointF position = mouse->position();
 
-    // A frameless window resizes from a thin band along its edges.
-    constexpr double Border = 5;
-    Qt::Edges edges;
-    if (m_window->windowStates() == Qt::WindowNoState) {
-        edges.setFlag(Qt::LeftEdge, position.x() < Border);
-        edges.setFlag(Qt::RightEdge, position.x() >= m_window->width() - Border);
-        edges.setFlag(Qt::TopEdge, position.y() < Border);
-        edges.setFlag(Qt::BottomEdge, position.y() >= m_window->height() - Border);
-    }
+    const Qt::Edges edges = resizeEdgesAt(position);
     if (edges != Qt::Edges() && type == QEvent::MouseButtonPress) {
         return m_window->startSystemResize(edges);
     }

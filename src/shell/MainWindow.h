@@ -89,6 +89,10 @@ private:
     void InstallIcons();
     void TrySetMicaBackdrop();
     bool handleTitleBarMouse(QEvent* event);
+    // The edges whose resize band holds the point; none unless shown normally.
+    Qt::Edges resizeEdgesAt(const QPointF& position) const;
+    // The cursor that says which way the edge resizes, or the items' own.
+    bool showResizeCursor(Qt::Edges edges);
 
     std::unique_ptr<QQuickWindow> m_window;
     QPointer<NavigationView> m_navView;
@@ -102,6 +106,7 @@ private:
     // travelled the drag distance from there, so that a double click stays a
     // double click.
     std::optional<QPointF> m_dragPress;
+    bool m_resizeCursor = false;
     bool m_extendsContentIntoTitleBar = true;
 };
 

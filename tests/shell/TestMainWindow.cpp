@@ -230,6 +230,30 @@ private Q_SLOTS:
         }
     }
 
+    // The edges and corners show which way they resize.
+    void resizeCursors_data()
+    {
+        QTest::addColumn<QPoint>("position");
+        QTest::addColumn<int>("shape");
+        QTest::newRow("left") << QPoint(2, 300) << int(Qt::SizeHorCursor);
+        QTest::newRow("right") << QPoint(1098, 300) << int(Qt::SizeHorCursor);
+        QTest::newRow("bottom") << QPoint(500, 718) << int(Qt::SizeVerCursor);
+        QTest::newRow("top left") << QPoint(1, 1) << int(Qt::SizeFDiagCursor);
+        QTest::newRow("bottom right") << QPoint(1098, 718) << int(Qt::SizeFDiagCursor);
+        QTest::newRow("top right") << QPoint(1098, 1) << int(Qt::SizeBDiagCursor);
+        QTest::newRow("inside") << QPoint(500, 300) << int(Qt::ArrowCursor);
+    }
+
+    void resizeCursors()
+    {
+        QFETCH(QPoint, position);
+        QFETCH(int, shape);
+        QCOMPARE(m_window->size(), QSize(1100, 720));
+        QTest::mouseMove(m_window, QPoint(500, 300));
+        QTest::mouseMove(m_window, position);
+        QCOMPARE(int(m_window->cursor().shape()), shape);
+    }
+
     // A press in the title bar's drag area is not yet a move: the move starts
     // once the pointer travels, so a double click always arrives, and it
     // toggles maximised and restored, every time.
