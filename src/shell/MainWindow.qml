@@ -118,7 +118,9 @@ ApplicationWindow {
                     horizontalAlignment: Text.AlignHCenter
                     verticalAlignment: Text.AlignVCenter
                     font.pixelSize: 13
-                    color: captionButton.danger && captionButton.hovered ? "white" : palette.windowText
+                    // Dimmed with the title texts while the window is not active.
+                    color: captionButton.danger && captionButton.hovered ? "white"
+                         : Window.active ? palette.windowText : palette.disabled.windowText
                 }
                 Accessible.name: captionButton.Accessible.description
                 // An assistive tool presses it as a pointer does.
@@ -332,5 +334,16 @@ ApplicationWindow {
                 }
             }
         }
+    }
+
+    // A thin frame in the theme's colour, so that the frameless window stands
+    // apart from what is behind it; none while maximised.
+    Rectangle {
+        objectName: "WindowFrame"
+        anchors.fill: parent
+        z: 10
+        color: "transparent"
+        border.width: Window.visibility === Window.Windowed ? 1 : 0
+        border.color: palette.mid
     }
 }

@@ -11,6 +11,7 @@
 #include "WindowDriver.h"
 
 #include <QFile>
+#include <QQmlProperty>
 #include <QQuickItem>
 #include <QQuickWindow>
 #include <QScreen>
@@ -289,10 +290,17 @@ private Q_SLOTS:
     {
         // The caption buttons answer an assistive tool's press.
         auto* maximize = named<QQuickItem>("MaximizeButton");
+        auto* frame = named<QQuickItem>("WindowFrame");
+        const auto frameWidth = [&] {
+            return QQmlProperty::read(frame, u"border.width"_s).toInt();
+        };
+        QCOMPARE(frameWidth(), 1);
         QVERIFY(Testing::accessiblePress(maximize));
         QTRY_VERIFY(m_window->windowStates().testFlag(Qt::WindowMaximized));
+        QCOMPARE(frameWidth(), 0); // no frame while maximised
         QVERIFY(Testing::accessiblePress(maximize));
         QTRY_VERIFY(!m_window->windowStates().testFlag(Qt::WindowMaximized));
+        QCOMPARE(frameWidth(), 1);
         QVERIFY(Testing::accessiblePress(named<QQuickItem>("CloseButton")));
         QTRY_VERIFY(!m_window->isVisible());
         QVERIFY(!QFile::exists(ApplicationData::Current().LocalSettingsValues().filePath()));
