@@ -2,6 +2,8 @@
 
 #include "CaretBlink.h"
 #include "Coroutines.h"
+#include "DesktopColorScheme.h"
+#include "EventHandler.h"
 #include "MainWindow.h"
 #include "Package.h"
 
@@ -18,7 +20,9 @@ App* current = nullptr;
 }
 
 App::App()
-    : m_caretBlink(std::make_unique<CaretBlink>()), m_engine(std::make_unique<QQmlEngine>()),
+    : m_caretBlink(std::make_unique<CaretBlink>()),
+      m_colorScheme(std::make_unique<DesktopColorScheme>()),
+      m_engine(std::make_unique<QQmlEngine>()),
       m_noPackageIdentity(Package::DetectNoPackageIdentity())
 {
     current = this;
@@ -53,6 +57,11 @@ App* App::Current()
 void App::OnLaunched()
 {
     m_window = std::make_unique<MainWindow>(*m_engine);
+    // The title texts take their colours from the palette at each activation;
+    // a change of the desktop's preference counts as one.
+    connect(m_colorScheme.get(), &DesktopColorScheme::Changed, m_window.get(), [this] {
+        RunHandler([&] { m_window->OnWindowActivated(m_window->Window()->isActive()); });
+    });
     m_window->Activate();
 }
 

@@ -11,6 +11,7 @@ class QWindow;
 namespace Zorvane {
 
 class CaretBlink;
+class DesktopColorScheme;
 class MainWindow;
 
 // The application object: the QML engine, the one window, and whether the
@@ -42,12 +43,16 @@ public:
     MainWindow* Window() const { return m_window.get(); }
     QQmlEngine& Engine() const { return *m_engine; }
 
+    // The desktop's light or dark preference, which the palette follows.
+    const DesktopColorScheme& ColorScheme() const { return *m_colorScheme; }
+
     // The application's resources by key: the two caption text colours, as the
     // current palette has them, so that a change of theme reaches every lookup.
     QVariantMap Resources() const;
 
 private:
     std::unique_ptr<CaretBlink> m_caretBlink;
+    std::unique_ptr<DesktopColorScheme> m_colorScheme;
     std::unique_ptr<QQmlEngine> m_engine;
     std::unique_ptr<MainWindow> m_window;
     bool m_noPackageIdentity = false;

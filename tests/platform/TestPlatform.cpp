@@ -1,6 +1,7 @@
 #include "ApplicationData.h"
 #include "CaretBlink.h"
 #include "Coroutines.h"
+#include "DesktopColorScheme.h"
 #include "FilePicker.h"
 #include "HResultError.h"
 #include "IsolatedConfig.h"
@@ -8,20 +9,46 @@
 
 #include <QApplication>
 #include <QCoreApplication>
+#include <QDBusConnection>
+#include <QDBusVariant>
 #include <QDir>
 #include <QFile>
 #include <QFileDialog>
 #include <QGuiApplication>
 #include <QKeyEvent>
 #include <QPointF>
+#include <QProcess>
 #include <QRectF>
 #include <QSettings>
+#include <QSignalSpy>
 #include <QStyleHints>
 #include <QTemporaryDir>
 #include <QTest>
 
 using namespace Zorvane;
 using namespace Qt::StringLiterals;
+
+// Stands in for the desktop portal's settings: a color-scheme to read, and
+// its change signal.
+class FakePortalSettings : public QObject
+{
+    Q_OBJECT
+    Q_CLASSINFO("D-Bus Interface", "org.freedesktop.portal.Settings")
+
+public:
+    uint scheme = 0;
+
+public Q_SLOTS:
+    QDBusVariant Read(const QString& group, const QString& key)
+    {
+        const bool known = group == u"org.freedesktop.appearance"_s && key == u"color-scheme"_s;
+        // As the portal does: the value in one variant more.
+        return QDBusVariant(QVariant::fromValue(QDBusVariant(known ? scheme : 0u)));
+    }
+
+Q_SIGNALS:
+    void SettingChanged(const QString& group, const QString& key, const QDBusVariant& value);
+};
 
 namespace {
 // One pick through the toolkit's own dialog.
@@ -46,6 +73,51 @@ class TestPlatform : public QObject
     Zorvane::Testing::IsolatedConfig m_config;
 
 private Q_SLOTS:
+    // The desktop's preference read at start and followed while running, on a
+    // private session bus: none without a portal, dark and light from a fake.
+    void followsTheDesktopColorScheme()
+    {
+        QProcess daemon;
+        daemon.start(u"dbus-daemon"_s, {u"--session"_s, u"--nofork"_s, u"--print-address"_s});
+        QVERIFY2(daemon.waitForStarted() && daemon.waitForReadyRead(10000), "no dbus-daemon");
+        const QByteArray address = daemon.readLine().trimmed();
+        qputenv("DBUS_SESSION_BUS_ADDRESS", address);
+        const QColor lightWindow = QGuiApplication::palette().color(QPalette::Window);
+        {
+            DesktopColorScheme scheme; // nobody answers: light
+            QTest::qWait(300);
+            QVERIFY(!scheme.IsDark());
+        }
+
+        QDBusConnection fake = QDBusConnection::connectToBus(QString::fromUtf8(address), u"fake"_s);
+        FakePortalSettings portal;
+        portal.scheme = 1; // prefer dark
+        QVERIFY(fake.registerObject(u"/org/freedesktop/portal/desktop"_s, &portal,
+                                    QDBusConnection::ExportAllSlots |
+                                        QDBusConnection::ExportAllSignals));
+        QVERIFY(fake.registerService(u"org.freedesktop.portal.Desktop"_s));
+        {
+            DesktopColorScheme scheme;
+            QTRY_VERIFY(scheme.IsDark());
+            QCOMPARE(QGuiApplication::palette().color(QPalette::Window),
+                     DesktopColorScheme::DarkPalette().color(QPalette::Window));
+            const auto change = [&](const QString& key, uint value) {
+                Q_EMIT portal.SettingChanged(u"org.freedesktop.appearance"_s, key,
+                                             QDBusVariant(QVariant::fromValue(value)));
+            };
+            change(u"contrast"_s, 2); // another setting changes nothing
+            QTest::qWait(100);
+            QVERIFY(scheme.IsDark());
+            change(u"color-scheme"_s, 2); // prefer light
+            QTRY_VERIFY(!scheme.IsDark());
+            QCOMPARE(QGuiApplication::palette().color(QPalette::Window), lightWindow);
+        }
+        fake.unregisterService(u"org.freedesktop.portal.Desktop"_s);
+        QDBusConnection::disconnectFromBus(u"fake"_s);
+        daemon.kill();
+        daemon.waitForFinished();
+    }
+
     // The toolkit's dialog answers, and keeps nothing in the user's
     // configuration (it would write its last folder to QtProject.conf).
     void fileDialogKeepsNoSettings()

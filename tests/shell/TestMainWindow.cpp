@@ -1,6 +1,7 @@
 #include "ActivationFactory.h"
 #include "App.h"
 #include "ApplicationData.h"
+#include "DesktopColorScheme.h"
 #include "HResultError.h"
 #include "IsolatedConfig.h"
 #include "MainWindow.h"
@@ -11,6 +12,8 @@
 #include "WindowDriver.h"
 
 #include <QFile>
+#include <QGuiApplication>
+#include <QPalette>
 #include <QQmlProperty>
 #include <QQuickItem>
 #include <QQuickWindow>
@@ -229,6 +232,25 @@ private Q_SLOTS:
         } catch (const HResultError& error) {
             QCOMPARE(error.code(), code);
         }
+    }
+
+    // The desktop's dark preference reaches the window, its pages and its
+    // title texts (the portal's side is tested with the platform).
+    void darkPalette()
+    {
+        const QPalette light = QGuiApplication::palette();
+        const QPalette dark = DesktopColorScheme::DarkPalette();
+        QGuiApplication::setPalette(dark);
+        m_app->Window()->OnWindowActivated(true);
+        QTRY_COMPARE(m_window->color(), dark.color(QPalette::Window));
+        QCOMPARE(named("TitleText")->property("color").value<QColor>(),
+                 dark.color(QPalette::Active, QPalette::WindowText));
+        if (qEnvironmentVariableIsSet("ZORVANE_DARK_SHOT")) {
+            m_window->grabWindow().save(qEnvironmentVariable("ZORVANE_DARK_SHOT"));
+        }
+        QGuiApplication::setPalette(light);
+        m_app->Window()->OnWindowActivated(true);
+        QTRY_COMPARE(m_window->color(), light.color(QPalette::Window));
     }
 
     // The edges and corners show which way they resize.
