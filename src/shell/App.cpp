@@ -1,5 +1,6 @@
 #include "App.h"
 
+#include "AccessibleStates.h"
 #include "CaretBlink.h"
 #include "Coroutines.h"
 #include "DesktopColorScheme.h"
@@ -26,6 +27,7 @@ App::App()
       m_noPackageIdentity(Package::DetectNoPackageIdentity())
 {
     current = this;
+    InstallAccessibleStates(); // before the first markup, so before Qt Quick's own
     // Where the module's qmldir lies, so that its markup types (ProgressRing)
     // are found as well as its C++ ones.
     m_engine->addImportPath(QStringLiteral("qrc:/"));

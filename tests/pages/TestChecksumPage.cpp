@@ -127,6 +127,9 @@ private Q_SLOTS:
         QCOMPARE(text(u"sizeOutput"_s), QString()); // never "-1"
         QVERIFY(!item(u"SizeCopyButton"_s)->isVisible());
         QVERIFY(!item(u"CopyAllButton"_s)->isEnabled());
+        // And an assistive tool hears so.
+        QVERIFY(QAccessible::queryAccessibleInterface(item(u"CopyAllButton"_s))->state().disabled);
+        QVERIFY(!QAccessible::queryAccessibleInterface(item(u"FileButton"_s))->state().disabled);
         QVERIFY(!item(u"Row_SHA1"_s)->isVisible());
     }
 
