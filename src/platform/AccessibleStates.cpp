@@ -2,6 +2,7 @@
 
 #include <QAccessible>
 #include <QQuickItem>
+
 #include <private/qaccessiblequickitem_p.h>
 #include <private/qquickitem_p.h>
 
