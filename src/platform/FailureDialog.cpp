@@ -4,7 +4,9 @@
 #include "ssl_error_category.h"
 
 #include <QQmlComponent>
+#include <QQmlContext>
 #include <QQmlEngine>
+#include <QQmlProperty>
 #include <QQuickItem>
 #include <QQuickWindow>
 
@@ -26,6 +28,18 @@ void ShowFailureDialog(QQuickWindow* window, const QString& title, const std::er
         throw HResultError(HResult::Unexpected, component.errorString().toStdString());
     }
     dialog->setParent(window->contentItem());
+    // The popup's own item is the dialog that assistive tools see: it is
+    // announced with the title and the text.
+    if (auto* content = dialog->property("contentItem").value<QQuickItem*>();
+        content != nullptr && content->parentItem() != nullptr) {
+        QQuickItem* popup = content->parentItem();
+        QQmlContext* context = qmlContext(dialog);
+        QQmlProperty::write(popup, QStringLiteral("Accessible.role"),
+                            int(QAccessible::AlertMessage), context);
+        QQmlProperty::write(popup, QStringLiteral("Accessible.name"), title, context);
+        QQmlProperty::write(popup, QStringLiteral("Accessible.description"),
+                            dialog->property("text"), context);
+    }
     QObject::connect(dialog, SIGNAL(closed()), dialog, SLOT(deleteLater()));
     QMetaObject::invokeMethod(dialog, "open");
 }

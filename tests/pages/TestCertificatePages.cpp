@@ -371,6 +371,13 @@ private Q_SLOTS:
         QCOMPARE(dialog->property("title").toString(),
                  u"Failure Generating Self-Signed Certificate"_s);
         QTRY_VERIFY(dialog->property("opened").toBool());
+        // Announced as a dialog with its title and its text.
+        QAccessibleInterface* announced = QAccessible::queryAccessibleInterface(
+            dialog->property("contentItem").value<QQuickItem*>()->parentItem());
+        QCOMPARE(announced->role(), QAccessible::Dialog);
+        QCOMPARE(announced->text(QAccessible::Name),
+                 u"Failure Generating Self-Signed Certificate"_s);
+        QVERIFY(announced->text(QAccessible::Description).endsWith(u"] no such file"_s));
         // Its "OK" answers an assistive tool's press.
         QVERIFY(accessiblePress(dialog->findChild<QQuickItem*>(u"FailureOkButton"_s)));
         QTRY_VERIFY(m_window->findChild<QObject*>(u"FailureDialog"_s) == nullptr);
