@@ -35,10 +35,6 @@ QString hyphenatedName(const QLocale& locale)
 // Computed once, before main, and read only afterwards.
 const QString systemRegion = QLocale::territoryToCode(QLocale::system().territory());
 const QString systemLocaleName = hyphenatedName(QLocale::system());
-// The user's own locale, as the environment names it (LC_ALL, LC_CTYPE, LANG):
-// before main the C library's current locale is still "C" in every process.
-const QString userLocaleName = hyphenatedName(QLocale::system());
-
 // The runtime's own spelling of a hyphenated name: "en-GB" is "en_GB.UTF-8".
 std::locale runtimeLocale(const QString& name)
 {
@@ -56,6 +52,23 @@ std::locale runtimeLocale(const QString& name)
     }
     throw std::runtime_error("bad locale name");
 }
+
+// The user's own locale, as the environment names it (LC_ALL, LC_CTYPE, LANG;
+// before main the C library's current locale is still "C" in every process).
+// Where the C library has not generated it, every binding that formats with it
+// would fail: the C locale, which the runtime always has, stands in.
+QString userLocale()
+{
+    const QString name = hyphenatedName(QLocale::system());
+    try {
+        static_cast<void>(runtimeLocale(name));
+        return name;
+    } catch (const std::runtime_error&) {
+        return hyphenatedName(QLocale::c());
+    }
+}
+
+const QString userLocaleName = userLocale();
 
 } // namespace
 
