@@ -3,6 +3,7 @@
 #include <QAccessible>
 #include <QQuickItem>
 
+#include <algorithm>
 #include <private/qaccessiblequickitem_p.h>
 #include <private/qquickitem_p.h>
 
@@ -10,7 +11,8 @@ namespace Zorvane {
 
 namespace {
 
-class QuickItemAccessible final : public QAccessibleQuickItem
+class QuickItemAccessible final : public QAccessibleQuickItem,
+                                  public QAccessibleEditableTextInterface
 {
 public:
     using QAccessibleQuickItem::QAccessibleQuickItem;
@@ -23,6 +25,33 @@ public:
             state.focusable = false;
         }
         return state;
+    }
+
+    // A text box that can be typed into can be written by an assistive tool
+    // too (Qt Quick 6.4 offers no editable text to them).
+    void* interface_cast(QAccessible::InterfaceType type) override
+    {
+        if (type == QAccessible::EditableTextInterface && role() == QAccessible::EditableText &&
+            !state().readOnly && item()->metaObject()->indexOfProperty("text") >= 0) {
+            return static_cast<QAccessibleEditableTextInterface*>(this);
+        }
+        return QAccessibleQuickItem::interface_cast(type);
+    }
+
+    void deleteText(int startOffset, int endOffset) override
+    {
+        replaceText(startOffset, endOffset, QString());
+    }
+
+    void insertText(int offset, const QString& text) override { replaceText(offset, offset, text); }
+
+    void replaceText(int startOffset, int endOffset, const QString& text) override
+    {
+        QString current = item()->property("text").toString();
+        const qsizetype start = std::clamp<qsizetype>(startOffset, 0, current.size());
+        const qsizetype end = std::clamp<qsizetype>(endOffset, start, current.size());
+        current.replace(start, end - start, text);
+        item()->setProperty("text", current);
     }
 };
 
