@@ -18,10 +18,9 @@ Dialog {
         Button {
             objectName: "FailureOkButton"
             text: "OK"
-            DialogButtonBox.buttonRole: DialogButtonBox.AcceptRole
             Accessible.onPressAction: if (enabled) clicked()
+            onClicked: dialog.accept()
         }
-        onAccepted: dialog.accept()
     }
     padding: 18
     topPadding: 8

@@ -136,19 +136,6 @@ private Q_SLOTS:
         const qint64 reads = delta("syscr");
         QVERIFY2(reads >= 3 && reads <= 5, qPrintable(QString::number(reads)));
     }
-
-    void unreadableFileRaises()
-    {
-        QVERIFY_THROWS_EXCEPTION(
-            std::system_error,
-            ChunkedFileReader(m_dir.filePath(QStringLiteral("gone")).toStdString()));
-        QVERIFY_THROWS_EXCEPTION(std::system_error,
-                                 file_size(m_dir.filePath(QStringLiteral("gone")).toStdString()));
-        OnePassDigester digester({});
-        // A folder opens but cannot be read.
-        QVERIFY_THROWS_EXCEPTION(std::system_error,
-                                 ChunkedFileReader(m_dir.path().toStdString()).feed(digester));
-    }
 };
 
 QTEST_GUILESS_MAIN(TestDigestEngine)
