@@ -77,8 +77,10 @@ int main(int argc, char* argv[])
             return 1;
         }
     }
-    Zorvane::SetFilePickHandler([file](QWindow*, const Zorvane::FilePickRequest&,
-                                       Zorvane::FilePickDone done) { done(file); });
+    Zorvane::SetFilePickHandler(
+        [file](QWindow*, const Zorvane::FilePickRequest&, Zorvane::FilePickDone done) {
+            done(QFile::encodeName(file));
+        });
 
     Zorvane::App app;
     app.OnLaunched();

@@ -4,7 +4,6 @@
 #include "VisualStates.h"
 #include "digest_engine.h"
 
-#include <QFile>
 #include <QPointer>
 
 #include <optional>
@@ -37,15 +36,14 @@ FireAndForget CalculateChecksums(ChecksumRunHost* host)
         algo->setChecksum(QString());
     }
 
-    const QString file = host->FilePath();
-    if (file.isEmpty()) {
+    const std::string path = host->FilePath().toStdString();
+    if (path.empty()) {
         co_return;
     }
 
     const UiContext ui = UiContext::Capture();
     co_await ResumeBackground{};
 
-    const std::string path = QFile::encodeName(file).toStdString();
     const std::int64_t size = file_size(path);
     {
         ChunkedFileReader reader(path);

@@ -2,6 +2,7 @@
 
 #include "Coroutines.h"
 
+#include <QByteArray>
 #include <QObject>
 #include <QString>
 
@@ -21,8 +22,8 @@ public:
     // The page, whose "state" the run switches; the run stops touching it once it is gone.
     virtual QObject* PageObject() = 0;
     virtual std::shared_ptr<OpenSslChecksumsViewModel> ViewModel() = 0;
-    // The picked file's path; empty before the first pick.
-    virtual QString FilePath() const = 0;
+    // The picked file's path, the file system's bytes; empty before the first pick.
+    virtual QByteArray FilePath() const = 0;
     // Empties the size text, which the size's binding has just set to "-1".
     virtual void ClearSizeText() = 0;
 };

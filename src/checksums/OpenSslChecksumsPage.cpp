@@ -10,6 +10,7 @@
 #include "FilePicker.h"
 #include "HResultError.h"
 
+#include <QFile>
 #include <QQuickWindow>
 
 namespace Zorvane {
@@ -92,14 +93,15 @@ FireAndForget OpenSslChecksumsPage::SelectFileAsync()
     FilePickRequest request;
     request.mode = FilePickRequest::Mode::Open;
     const App* app = App::Current();
-    const std::optional<QString> picked =
+    const std::optional<QByteArray> picked =
         co_await PickFileAsync(app != nullptr ? app->MainWindowHandle() : window(), request);
     if (!picked || !page) {
         co_return; // cancelled: the old file and its results stay
     }
     page->m_file = *picked;
     if (QObject* name = page->named("fileNameBox")) {
-        name->setProperty("text", *picked);
+        // Shown as text; bytes that are not UTF-8 show as replacement marks.
+        name->setProperty("text", QFile::decodeName(*picked));
     }
     CalculateChecksums(page);
 }
@@ -123,8 +125,8 @@ void OpenSslChecksumsPage::CopyAllClick()
 {
     const QString sizeLabel = named("SizeLabel")->property("text").toString();
     const QString sizeText = named("sizeOutput")->property("text").toString();
-    const QString report =
-        ChecksumReport::Text(m_file, sizeLabel, sizeText, *m_viewModel->HashAlgos());
+    const QString report = ChecksumReport::Text(QFile::decodeName(m_file), sizeLabel, sizeText,
+                                                *m_viewModel->HashAlgos());
     Clipboard::SetContent(
         ChecksumReport::Package(named("fileNameBox")->property("text").toString(), report));
 }

@@ -39,7 +39,7 @@ public:
     // What a run needs of the page.
     QObject* PageObject() override { return this; }
     std::shared_ptr<OpenSslChecksumsViewModel> ViewModel() override { return m_viewModel; }
-    QString FilePath() const override { return m_file; }
+    QByteArray FilePath() const override { return m_file; }
     void ClearSizeText() override;
 
 protected:
@@ -53,7 +53,7 @@ private:
     bool noPackageIdentity() const;
 
     std::shared_ptr<OpenSslChecksumsViewModel> m_viewModel;
-    QString m_file;
+    QByteArray m_file; ///< the file system's bytes
     bool m_loaded = false;
 };
 

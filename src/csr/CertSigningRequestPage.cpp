@@ -60,7 +60,7 @@ FireAndForget CertSigningRequestPage::GenerateAsync(QObject* sender)
     request.choiceKey = QStringLiteral("PEM");
     request.extensions = {QString::fromUtf8(RequestDefaultExtension)};
     request.defaultExtension = QString::fromUtf8(RequestDefaultExtension);
-    const std::optional<QString> picked = co_await PickFileAsync(owner, request);
+    const std::optional<QByteArray> picked = co_await PickFileAsync(owner, request);
     if (!picked) {
         co_return; // cancelled
     }
@@ -81,8 +81,8 @@ FireAndForget CertSigningRequestPage::GenerateAsync(QObject* sender)
         }
         co_return;
     }
-    FileManager::ShowItems(
-        {QString::fromStdString(settings.requestPath), QString::fromStdString(settings.keyPath)});
+    FileManager::ShowItems({QByteArray::fromStdString(settings.requestPath),
+                            QByteArray::fromStdString(settings.keyPath)});
 }
 
 } // namespace Zorvane

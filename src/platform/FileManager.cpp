@@ -4,7 +4,6 @@
 #include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
 #include <QDesktopServices>
-#include <QFileInfo>
 #include <QUrl>
 
 namespace Zorvane::FileManager {
@@ -16,9 +15,17 @@ RevealHandler& handler()
     return installed;
 }
 
-void openFolder(const QString& path)
+// A file URI that keeps every byte of the path, UTF-8 or not.
+QString fileUri(const QByteArray& path)
 {
-    QDesktopServices::openUrl(QUrl::fromLocalFile(QFileInfo(path).absolutePath()));
+    return QString::fromLatin1("file://" + path.toPercentEncoding("/"));
+}
+
+void openFolder(const QByteArray& path)
+{
+    const qsizetype slash = path.lastIndexOf('/');
+    const QByteArray folder = slash > 0 ? path.first(slash) : QByteArray("/");
+    QDesktopServices::openUrl(QUrl(fileUri(folder), QUrl::StrictMode));
 }
 } // namespace
 
@@ -27,7 +34,7 @@ void SetRevealHandler(RevealHandler replacement)
     handler() = std::move(replacement);
 }
 
-void ShowItems(const QStringList& paths)
+void ShowItems(const QList<QByteArray>& paths)
 {
     if (handler()) {
         handler()(paths);
@@ -37,8 +44,8 @@ void ShowItems(const QStringList& paths)
         return;
     }
     QStringList uris;
-    for (const QString& path : paths) {
-        uris << QUrl::fromLocalFile(path).toString();
+    for (const QByteArray& path : paths) {
+        uris << fileUri(path);
     }
     QDBusConnection bus = QDBusConnection::sessionBus();
     if (!bus.isConnected()) {
@@ -52,7 +59,7 @@ void ShowItems(const QStringList& paths)
     call << uris << QString();
     // Asynchronous, so that a slow file manager never holds the window up.
     auto* watcher = new QDBusPendingCallWatcher(bus.asyncCall(call));
-    const QString first = paths.first();
+    const QByteArray first = paths.first();
     QObject::connect(watcher, &QDBusPendingCallWatcher::finished, watcher,
                      [first](QDBusPendingCallWatcher* finished) {
                          if (finished->isError()) {

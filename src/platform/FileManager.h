@@ -1,12 +1,14 @@
 #pragma once
 
-#include <QStringList>
+#include <QByteArray>
+#include <QList>
 
 #include <functional>
 
 namespace Zorvane::FileManager {
 
-using RevealHandler = std::function<void(const QStringList& paths)>;
+// Paths are the file system's bytes, as they went to open(2).
+using RevealHandler = std::function<void(const QList<QByteArray>& paths)>;
 
 // Replaces the reveal (tests watch it this way); an empty handler brings the
 // file manager back.
@@ -15,6 +17,6 @@ void SetRevealHandler(RevealHandler handler);
 // Opens the folder of the first path in the file manager with the files
 // selected; where no file manager answers, opens the folder. Nothing is
 // reported either way.
-void ShowItems(const QStringList& paths);
+void ShowItems(const QList<QByteArray>& paths);
 
 } // namespace Zorvane::FileManager

@@ -1,7 +1,11 @@
 #include "FilePicker.h"
 
+#include "PortalFileChooser.h"
+
 #include <QCoreApplication>
+#include <QFile>
 #include <QFileDialog>
+#include <QPointer>
 #include <QSettings>
 #include <QWindow>
 
@@ -56,7 +60,7 @@ void showDialog(QWindow* owner, const FilePickRequest& request, FilePickDone don
 
     // Exactly one answer, whichever way the dialog ends.
     auto answer = std::make_shared<FilePickDone>(std::move(done));
-    const auto finish = [answer](std::optional<QString> path) {
+    const auto finish = [answer](std::optional<QByteArray> path) {
         if (*answer) {
             FilePickDone once = std::move(*answer);
             *answer = nullptr;
@@ -64,7 +68,7 @@ void showDialog(QWindow* owner, const FilePickRequest& request, FilePickDone don
         }
     };
     QObject::connect(dialog, &QFileDialog::fileSelected, dialog, [finish](const QString& path) {
-        finish(path.isEmpty() ? std::nullopt : std::optional<QString>(path));
+        finish(path.isEmpty() ? std::nullopt : std::optional(QFile::encodeName(path)));
     });
     QObject::connect(dialog, &QObject::destroyed, [finish] { finish(std::nullopt); });
     dialog->open();
@@ -85,7 +89,7 @@ void PickFileAsync::await_suspend(std::coroutine_handle<> handle)
 {
     // The answer may come at once; the coroutine goes on from the event loop
     // either way, never from inside this call.
-    FilePickDone done = [this, handle](std::optional<QString> path) {
+    FilePickDone done = [this, handle](std::optional<QByteArray> path) {
         m_result = std::move(path);
         QMetaObject::invokeMethod(
             QCoreApplication::instance(), [handle] { handle.resume(); }, Qt::QueuedConnection);
@@ -93,7 +97,10 @@ void PickFileAsync::await_suspend(std::coroutine_handle<> handle)
     if (handler()) {
         handler()(m_owner, m_request, std::move(done));
     } else {
-        showDialog(m_owner, m_request, std::move(done));
+        PickThroughPortal(m_owner, m_request, done,
+                          [owner = QPointer<QWindow>(m_owner), request = m_request, done] {
+                              showDialog(owner, request, done);
+                          });
     }
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QByteArray>
 #include <QString>
 #include <QStringList>
 
@@ -26,17 +27,21 @@ struct FilePickRequest
     QString defaultExtension; ///< ".crt"
 };
 
-using FilePickDone = std::function<void(std::optional<QString> path)>;
+// A chosen path is the file system's bytes, which need not be UTF-8: they go
+// to open(2) as they came from the picker.
+using FilePickDone = std::function<void(std::optional<QByteArray> path)>;
 // Answers a request; calls done once, with the chosen path or nothing.
 using FilePickHandler =
     std::function<void(QWindow* owner, const FilePickRequest& request, FilePickDone done)>;
 
-// Replaces the file dialog (tests answer the picker this way); an empty
-// handler brings the dialog back.
+// Replaces the desktop's file chooser (tests answer the picker this way); an
+// empty handler brings it back.
 void SetFilePickHandler(FilePickHandler handler);
 
 // co_await PickFileAsync(owner, request): the chosen path, or nothing when the
-// user cancelled. The coroutine goes on from the event loop of the UI thread.
+// user cancelled. The desktop portal's file chooser where a portal answers,
+// the toolkit's dialog otherwise. The coroutine goes on from the event loop of
+// the UI thread.
 class PickFileAsync
 {
 public:
@@ -44,12 +49,12 @@ public:
 
     bool await_ready() const noexcept { return false; }
     void await_suspend(std::coroutine_handle<> handle);
-    std::optional<QString> await_resume() { return std::move(m_result); }
+    std::optional<QByteArray> await_resume() { return std::move(m_result); }
 
 private:
     QWindow* m_owner;
     FilePickRequest m_request;
-    std::optional<QString> m_result;
+    std::optional<QByteArray> m_result;
 };
 
 } // namespace Zorvane

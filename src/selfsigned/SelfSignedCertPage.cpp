@@ -62,7 +62,7 @@ FireAndForget SelfSignedCertPage::GenerateAsync(QObject* sender)
     request.extensions = pem ? QStringList{QStringLiteral(".crt")}
                              : QStringList{QStringLiteral(".pfx"), QStringLiteral(".p12")};
     request.defaultExtension = QString::fromUtf8(default_extension(settings.format));
-    const std::optional<QString> picked = co_await PickFileAsync(owner, request);
+    const std::optional<QByteArray> picked = co_await PickFileAsync(owner, request);
     if (!picked) {
         co_return; // cancelled
     }
@@ -84,9 +84,9 @@ FireAndForget SelfSignedCertPage::GenerateAsync(QObject* sender)
         }
         co_return;
     }
-    QStringList written{QString::fromStdString(settings.certPath)};
+    QList<QByteArray> written{QByteArray::fromStdString(settings.certPath)};
     if (pem) {
-        written << QString::fromStdString(settings.keyPath);
+        written << QByteArray::fromStdString(settings.keyPath);
     }
     FileManager::ShowItems(written);
 }

@@ -13,9 +13,11 @@
 #include <QTest>
 #include <QTimer>
 
+#include <cstdio>
 #include <cstring>
 #include <memory>
 #include <sys/stat.h>
+#include <unistd.h>
 
 using namespace Zorvane;
 using namespace Zorvane::Testing;
@@ -38,12 +40,12 @@ public:
 
     QObject* PageObject() override { return this; }
     std::shared_ptr<OpenSslChecksumsViewModel> ViewModel() override { return m_viewModel; }
-    QString FilePath() const override { return file; }
+    QByteArray FilePath() const override { return file; }
     void ClearSizeText() override { sizeText.clear(); }
 
     OpenSslChecksumsViewModel& viewModel() { return *m_viewModel; }
 
-    QString file;
+    QByteArray file;
     QString sizeText;
     QStringList states;
 
@@ -70,13 +72,16 @@ class TestChecksumRun : public QObject
 
     QTemporaryDir m_dir;
 
-    QString writeFile(const QString& name, const QByteArray& content)
+    // A name is bytes, and need not be UTF-8.
+    QByteArray writeFile(const QByteArray& name, const QByteArray& content)
     {
-        QFile file(m_dir.filePath(name));
-        if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size()) {
-            return {};
-        }
-        return file.fileName();
+        const QByteArray path = QFile::encodeName(m_dir.path()) + '/' + name;
+        std::FILE* file = std::fopen(path.constData(), "wb");
+        const bool written =
+            file != nullptr &&
+            std::fwrite(content.constData(), 1, static_cast<std::size_t>(content.size()), file) ==
+                static_cast<std::size_t>(content.size());
+        return (file != nullptr && std::fclose(file) == 0 && written) ? path : QByteArray();
     }
 
 private Q_SLOTS:
@@ -100,7 +105,7 @@ private Q_SLOTS:
     {
         const QByteArray content = "The quick brown fox jumps over the lazy dog";
         FakeChecksumPage page;
-        page.file = writeFile(u"fox.txt"_s, content);
+        page.file = writeFile("fox.txt", content);
         ChecksumSelection::ApplyStoredNames(page.viewModel(), u"SHA2-256,MD5,SHAKE-256"_s);
         HashAlgo* unchosen = find(page.viewModel(), u"SHA1"_s);
         unchosen->setChecksum(u"KEPT"_s);
@@ -133,19 +138,20 @@ private Q_SLOTS:
     void emptyFile()
     {
         FakeChecksumPage page;
-        page.file = writeFile(u"empty"_s, {});
+        page.file = writeFile("empty \xff\xfe", {}); // a name that is not UTF-8
         ChecksumSelection::ApplyStoredNames(page.viewModel(), u"SHA1"_s);
         CalculateChecksums(&page);
         QVERIFY(waitForNormal(page));
         QCOMPARE(find(page.viewModel(), u"SHA1"_s)->Checksum(),
                  u"DA39A3EE5E6B4B0D3255BFEF95601890AFD80709"_s);
         QCOMPARE(page.sizeText, u"0"_s);
+        ::unlink(page.file.constData()); // the temporary folder cannot spell it
     }
 
     void digestThatCannotFinishStaysEmpty()
     {
         FakeChecksumPage page;
-        page.file = writeFile(u"abc"_s, "abc");
+        page.file = writeFile("abc", "abc");
         const std::unique_ptr<HashAlgo> nameOnly(HashAlgo::CreateInstance(u"NAME-ONLY"_s));
         HashAlgo* sha1 = find(page.viewModel(), u"SHA1"_s);
         page.viewModel().HashAlgos()->ReplaceAll({nameOnly.get(), sha1});
@@ -158,7 +164,7 @@ private Q_SLOTS:
     void pageGoneDuringRun()
     {
         auto page = std::make_unique<FakeChecksumPage>();
-        page->file = writeFile(u"gone-page"_s, QByteArray(1 << 20, 'z'));
+        page->file = writeFile("gone-page", QByteArray(1 << 20, 'z'));
         ChecksumSelection::SelectAllClick(page->viewModel());
         const std::shared_ptr<OpenSslChecksumsViewModel> viewModel = page->ViewModel();
         QSignalSpy sizes(viewModel.get(), &OpenSslChecksumsViewModel::FileSizeChanged);
@@ -171,7 +177,7 @@ private Q_SLOTS:
     void eventLoopStaysResponsive()
     {
         FakeChecksumPage page;
-        page.file = writeFile(u"big"_s, QByteArray(96 << 20, 'a'));
+        page.file = writeFile("big", QByteArray(96 << 20, 'a'));
         ChecksumSelection::SelectAllClick(page.viewModel());
         int ticks = 0;
         QTimer ticker;
@@ -221,7 +227,7 @@ static int runOn(int argc, char** argv)
 {
     QCoreApplication app(argc, argv);
     FakeChecksumPage page;
-    page.file = QString::fromLocal8Bit(argv[2]);
+    page.file = argv[2];
     ChecksumSelection::SelectAllClick(page.viewModel());
     QObject::connect(&page, &FakeChecksumPage::stateChanged, &app, [&] {
         if (page.states.endsWith(u"Normal"_s)) {

@@ -23,6 +23,7 @@
 #include <QtQml/qqmlextensionplugin.h>
 
 #include <memory>
+#include <unistd.h>
 
 Q_IMPORT_QML_PLUGIN(ZorvanePlugin)
 
@@ -42,8 +43,10 @@ class TestCertificatePages : public QObject
     QQuickWindow* m_window = nullptr;
     QTemporaryDir m_dir;
     QList<FilePickRequest> m_requests;
-    std::optional<QString> m_answer;
-    QList<QStringList> m_reveals;
+    std::optional<QByteArray> m_answer;
+    QList<QList<QByteArray>> m_reveals;
+
+    QByteArray path(const QString& name) const { return QFile::encodeName(m_dir.filePath(name)); }
 
     QQuickItem* page() const { return currentPage(m_window); }
 
@@ -87,7 +90,8 @@ private Q_SLOTS:
             m_requests << request;
             done(m_answer);
         });
-        FileManager::SetRevealHandler([this](const QStringList& paths) { m_reveals << paths; });
+        FileManager::SetRevealHandler(
+            [this](const QList<QByteArray>& paths) { m_reveals << paths; });
         m_app = std::make_unique<App>();
         m_app->OnLaunched();
         m_window = m_app->Window()->Window();
@@ -209,13 +213,21 @@ private Q_SLOTS:
         open(1);
         type(control("CommonNameCtrl"), u"host.example"_s);
         type(control("PassphraseCtrl"), u"pw"_s);
-        m_answer = m_dir.filePath(u"server"_s); // no extension: ".crt" is added
+        // No extension: ".crt" is added; a name that is not UTF-8 is kept.
+        m_answer = path(u"server"_s) + "\xff";
         const QStringList states = statesDuring([&] { click(control("GeneratePemButton")); },
                                                 [&] { return !m_reveals.isEmpty(); });
         QCOMPARE(states, (QStringList{u"InProgress"_s, u"Normal"_s}));
+        const QList<QByteArray> written{*m_answer + ".crt", *m_answer + ".key"};
+        QCOMPARE(m_reveals.first(), written);
+        // Read back under names the readers can spell.
         const QString cert = m_dir.filePath(u"server.crt"_s);
         const QString key = m_dir.filePath(u"server.key"_s);
-        QCOMPARE(m_reveals.first(), (QStringList{cert, key}));
+        QCOMPARE(::link(written[0].constData(), QFile::encodeName(cert).constData()), 0);
+        QCOMPARE(::link(written[1].constData(), QFile::encodeName(key).constData()), 0);
+        for (const QByteArray& name : written) {
+            ::unlink(name.constData()); // the temporary folder cannot spell it
+        }
 
         const X509Ptr certificate = readCertificate(cert);
         QVERIFY(certificate);
@@ -236,13 +248,13 @@ private Q_SLOTS:
         type(control("CommonNameCtrl"), u"Jane Signer"_s);
         click(control("ValidDaysCtrl"));
         QTest::keyClick(m_window, Qt::Key_Up); // 366, which the model keeps as 1
-        m_answer = m_dir.filePath(u"signer"_s);
+        m_answer = path(u"signer"_s);
         // Pressed by an assistive tool, as a click would.
         statesDuring([&] { QVERIFY(accessiblePress(control("GeneratePkcs12Button"))); },
                      [&] { return !m_reveals.isEmpty(); });
         QCOMPARE(m_requests.first().extensions, (QStringList{u".pfx"_s, u".p12"_s}));
         const QString bundle = m_dir.filePath(u"signer.pfx"_s);
-        QCOMPARE(m_reveals.first(), QStringList{bundle});
+        QCOMPARE(m_reveals.first(), QList<QByteArray>{path(u"signer.pfx"_s)});
         QVERIFY(!QFile::exists(m_dir.filePath(u"signer.key"_s)));
         const CommandResult info = runOpenSsl(
             {u"pkcs12"_s, u"-in"_s, bundle, u"-nokeys"_s, u"-passin"_s, u"pass:"_s, u"-clcerts"_s});
@@ -271,12 +283,12 @@ private Q_SLOTS:
         QTest::keyClick(m_window, Qt::Key_Up);
         QTest::keyClick(m_window, Qt::Key_Up);
         QTest::keyClick(m_window, Qt::Key_Return);
-        m_answer = m_dir.filePath(u"www"_s);
+        m_answer = path(u"www"_s);
         statesDuring([&] { click(control("GenerateButton")); },
                      [&] { return !m_reveals.isEmpty(); });
         QCOMPARE(request->ViewModel()->AltNames(), u"api.example\r10.0.0.1\r::1"_s);
         const QString csr = m_dir.filePath(u"www.csr"_s);
-        QCOMPARE(m_reveals.first(), (QStringList{csr, m_dir.filePath(u"www.key"_s)}));
+        QCOMPARE(m_reveals.first(), (QList<QByteArray>{path(u"www.csr"_s), path(u"www.key"_s)}));
 
         const X509ReqPtr req = readRequest(csr);
         QVERIFY(req);
@@ -336,7 +348,7 @@ private Q_SLOTS:
     {
         open(2);
         type(control("CommonNameCtrl"), u"busy.example"_s);
-        m_answer = m_dir.filePath(u"busy"_s);
+        m_answer = path(u"busy"_s);
         int ticks = 0;
         QTimer ticker;
         connect(&ticker, &QTimer::timeout, this, [&] { ++ticks; });
@@ -356,7 +368,7 @@ private Q_SLOTS:
     {
         open(1);
         type(control("CommonNameCtrl"), u"gone.example"_s);
-        m_answer = m_dir.filePath(u"missing/gone"_s);
+        m_answer = path(u"missing/gone"_s);
         connect(page(), &QQuickItem::stateChanged, this, [this](const QString& state) {
             if (state == u"InProgress"_s) {
                 QMetaObject::invokeMethod(
@@ -435,7 +447,7 @@ private Q_SLOTS:
         open(2);
         type(control("CommonNameCtrl"), u"bad.example"_s);
         type(control("CountryCodeCtrl"), u"GBR"_s);
-        m_answer = m_dir.filePath(u"bad.csr"_s);
+        m_answer = path(u"bad.csr"_s);
         QObject* dialog = nullptr;
         const QStringList states = statesDuring(
             [&] { click(control("GenerateButton")); },

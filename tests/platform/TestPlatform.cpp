@@ -6,16 +6,22 @@
 #include "HResultError.h"
 #include "IsolatedConfig.h"
 #include "Package.h"
+#include "PortalFileChooser.h"
 
 #include <QApplication>
 #include <QCoreApplication>
 #include <QDBusConnection>
+#include <QDBusContext>
+#include <QDBusMessage>
+#include <QDBusMetaType>
+#include <QDBusObjectPath>
 #include <QDBusVariant>
 #include <QDir>
 #include <QFile>
 #include <QFileDialog>
 #include <QGuiApplication>
 #include <QKeyEvent>
+#include <QLineEdit>
 #include <QPointF>
 #include <QProcess>
 #include <QRectF>
@@ -24,6 +30,7 @@
 #include <QStyleHints>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QTimer>
 
 using namespace Zorvane;
 using namespace Qt::StringLiterals;
@@ -50,14 +57,60 @@ Q_SIGNALS:
     void SettingChanged(const QString& group, const QString& key, const QDBusVariant& value);
 };
 
-namespace {
-// One pick through the toolkit's own dialog.
-FireAndForget pickInto(std::optional<QString>* answer, bool* answered)
+// Stands in for the desktop portal's file chooser: keeps what it was asked,
+// and answers on the request's object as the portal does, after the call.
+class FakeFileChooser : public QObject, protected QDBusContext
 {
-    FilePickRequest request;
-    request.mode = FilePickRequest::Mode::Open;
+    Q_OBJECT
+    Q_CLASSINFO("D-Bus Interface", "org.freedesktop.portal.FileChooser")
+
+public:
+    QString method;
+    QVariantMap options;
+    uint response = 0;
+    QStringList uris;
+
+public Q_SLOTS:
+    QDBusObjectPath OpenFile(const QString&, const QString&, const QVariantMap& asked)
+    {
+        return answer(u"OpenFile"_s, asked);
+    }
+    QDBusObjectPath SaveFile(const QString&, const QString&, const QVariantMap& asked)
+    {
+        return answer(u"SaveFile"_s, asked);
+    }
+
+private:
+    QDBusObjectPath answer(const QString& called, const QVariantMap& asked)
+    {
+        method = called;
+        options = asked;
+        const QString sender = message().service().mid(1).replace(u'.', u'_');
+        const QString handle = u"/org/freedesktop/portal/desktop/request/"_s + sender + u'/' +
+                               asked.value(u"handle_token"_s).toString();
+        QDBusMessage signal =
+            QDBusMessage::createSignal(handle, u"org.freedesktop.portal.Request"_s, u"Response"_s);
+        signal << response << QVariantMap{{u"uris"_s, uris}};
+        QTimer::singleShot(10, this, [bus = connection(), signal] { bus.send(signal); });
+        return QDBusObjectPath(handle);
+    }
+};
+
+namespace {
+// One pick with no handler installed: the portal, or the toolkit's dialog.
+FireAndForget pickInto(FilePickRequest request, std::optional<QByteArray>* answer, bool* answered)
+{
     *answer = co_await PickFileAsync(nullptr, request);
     *answered = true;
+}
+
+FilePickRequest pemSave()
+{
+    FilePickRequest request;
+    request.choiceKey = u"PEM"_s;
+    request.extensions = {u".crt"_s};
+    request.defaultExtension = u".crt"_s;
+    return request;
 }
 } // namespace
 
@@ -71,17 +124,40 @@ class TestPlatform : public QObject
     }
 
     Zorvane::Testing::IsolatedConfig m_config;
+    // A private session bus, on which a fake portal answers where a test
+    // registers one.
+    QProcess m_daemon;
+    QByteArray m_address;
+
+    void registerPortal(QObject* fake)
+    {
+        QDBusConnection bus =
+            QDBusConnection::connectToBus(QString::fromUtf8(m_address), u"fake"_s);
+        QVERIFY(bus.registerObject(u"/org/freedesktop/portal/desktop"_s, fake,
+                                   QDBusConnection::ExportAllSlots |
+                                       QDBusConnection::ExportAllSignals));
+        QVERIFY(bus.registerService(u"org.freedesktop.portal.Desktop"_s));
+    }
 
 private Q_SLOTS:
-    // The desktop's preference read at start and followed while running, on a
-    // private session bus: none without a portal, dark and light from a fake.
+    void initTestCase()
+    {
+        m_daemon.start(u"dbus-daemon"_s, {u"--session"_s, u"--nofork"_s, u"--print-address"_s});
+        QVERIFY2(m_daemon.waitForStarted() && m_daemon.waitForReadyRead(10000), "no dbus-daemon");
+        m_address = m_daemon.readLine().trimmed();
+        qputenv("DBUS_SESSION_BUS_ADDRESS", m_address);
+    }
+
+    void cleanupTestCase()
+    {
+        m_daemon.kill();
+        m_daemon.waitForFinished();
+    }
+
+    // The desktop's preference read at start and followed while running:
+    // none without a portal, dark and light from a fake.
     void followsTheDesktopColorScheme()
     {
-        QProcess daemon;
-        daemon.start(u"dbus-daemon"_s, {u"--session"_s, u"--nofork"_s, u"--print-address"_s});
-        QVERIFY2(daemon.waitForStarted() && daemon.waitForReadyRead(10000), "no dbus-daemon");
-        const QByteArray address = daemon.readLine().trimmed();
-        qputenv("DBUS_SESSION_BUS_ADDRESS", address);
         const QColor lightWindow = QGuiApplication::palette().color(QPalette::Window);
         {
             DesktopColorScheme scheme; // nobody answers: light
@@ -89,13 +165,9 @@ private Q_SLOTS:
             QVERIFY(!scheme.IsDark());
         }
 
-        QDBusConnection fake = QDBusConnection::connectToBus(QString::fromUtf8(address), u"fake"_s);
         FakePortalSettings portal;
         portal.scheme = 1; // prefer dark
-        QVERIFY(fake.registerObject(u"/org/freedesktop/portal/desktop"_s, &portal,
-                                    QDBusConnection::ExportAllSlots |
-                                        QDBusConnection::ExportAllSignals));
-        QVERIFY(fake.registerService(u"org.freedesktop.portal.Desktop"_s));
+        registerPortal(&portal);
         {
             DesktopColorScheme scheme;
             QTRY_VERIFY(scheme.IsDark());
@@ -112,22 +184,106 @@ private Q_SLOTS:
             QTRY_VERIFY(!scheme.IsDark());
             QCOMPARE(QGuiApplication::palette().color(QPalette::Window), lightWindow);
         }
-        fake.unregisterService(u"org.freedesktop.portal.Desktop"_s);
-        QDBusConnection::disconnectFromBus(u"fake"_s);
-        daemon.kill();
-        daemon.waitForFinished();
     }
 
-    // The toolkit's dialog answers, and keeps nothing in the user's
-    // configuration (it would write its last folder to QtProject.conf).
-    void fileDialogKeepsNoSettings()
+    // Where a portal answers, its file chooser is asked with the choice of
+    // file type; its answer is a URI whose bytes reach us as they are.
+    void portalFileChooser_data()
+    {
+        QTest::addColumn<bool>("save");
+        QTest::addColumn<uint>("response");
+        QTest::addColumn<QString>("uri");
+        QTest::addColumn<std::optional<QByteArray>>("answer");
+        QTest::newRow("save, a name that is not UTF-8")
+            << true << 0u << u"file:///home/u/caf%E9%20%25.crt"_s
+            << std::optional<QByteArray>("/home/u/caf\xe9 %.crt");
+        QTest::newRow("open") << false << 0u << u"file:///etc/hostname"_s
+                              << std::optional<QByteArray>("/etc/hostname");
+        QTest::newRow("cancelled") << true << 1u << QString() << std::optional<QByteArray>();
+        QTest::newRow("not a local file")
+            << false << 0u << u"sftp://host/file"_s << std::optional<QByteArray>();
+    }
+
+    void portalFileChooser()
+    {
+        QFETCH(bool, save);
+        QFETCH(uint, response);
+        QFETCH(QString, uri);
+        QFETCH(std::optional<QByteArray>, answer);
+        FakeFileChooser portal;
+        portal.response = response;
+        portal.uris = uri.isEmpty() ? QStringList() : QStringList{uri};
+        registerPortal(&portal);
+        FilePickRequest request = pemSave();
+        if (!save) {
+            request = {};
+            request.mode = FilePickRequest::Mode::Open;
+        }
+        std::optional<QByteArray> picked = "not answered";
+        bool answered = false;
+        pickInto(request, &picked, &answered);
+        QTRY_VERIFY(answered);
+        QCOMPARE(picked, answer);
+        QCOMPARE(portal.method, save ? u"SaveFile"_s : u"OpenFile"_s);
+        QCOMPARE(portal.options.value(u"modal"_s), QVariant(true));
+        const QList<PortalFilter> filters =
+            qdbus_cast<QList<PortalFilter>>(portal.options.value(u"filters"_s));
+        const QList<PortalFilter> pem{{u"PEM"_s, {u"*.crt"_s}}};
+        QCOMPARE(filters, save ? pem : QList<PortalFilter>());
+        QVERIFY(!portal.options.contains(u"current_name"_s)); // no name is suggested
+    }
+
+    void cleanup()
+    {
+        QDBusConnection fake(u"fake"_s);
+        if (fake.isConnected()) {
+            fake.unregisterService(u"org.freedesktop.portal.Desktop"_s);
+            fake.unregisterObject(u"/org/freedesktop/portal/desktop"_s);
+            QDBusConnection::disconnectFromBus(u"fake"_s);
+        }
+        QFile::remove(manifestPath());
+        QDir().rmpath(QFileInfo(manifestPath()).path());
+    }
+
+    void fileUris_data()
+    {
+        QTest::addColumn<QString>("uri");
+        QTest::addColumn<std::optional<QByteArray>>("path");
+        const std::optional<QByteArray> none;
+        QTest::newRow("plain") << u"file:///a/b"_s << std::optional<QByteArray>("/a/b");
+        QTest::newRow("localhost, scheme in capitals")
+            << u"FILE://LocalHost/a"_s << std::optional<QByteArray>("/a");
+        QTest::newRow("escapes of any byte")
+            << u"file:///%ff%2F%3F"_s << std::optional<QByteArray>("/\xff/?");
+        QTest::newRow("unescaped UTF-8 stays UTF-8")
+            << u"file:///caf\u00e9"_s << std::optional<QByteArray>("/caf\xc3\xa9");
+        QTest::newRow("query and fragment are not the path")
+            << u"file:///a?b#c"_s << std::optional<QByteArray>("/a");
+        QTest::newRow("another host") << u"file://server/a"_s << none;
+        QTest::newRow("another scheme") << u"https:///a"_s << none;
+        QTest::newRow("no path") << u"file://"_s << none;
+        QTest::newRow("a NUL byte") << u"file:///a%00b"_s << none;
+    }
+
+    void fileUris()
+    {
+        QFETCH(QString, uri);
+        QFETCH(std::optional<QByteArray>, path);
+        QCOMPARE(LocalPathFromUri(uri), path);
+    }
+
+    // Where no portal answers, the toolkit's dialog does, and keeps nothing in
+    // the user's configuration (it would write its last folder to QtProject.conf).
+    void fileDialogWithoutPortalKeepsNoSettings()
     {
         QTemporaryDir dir;
         const QString path = dir.filePath(u"picked.txt"_s);
         QFile(path).open(QIODevice::WriteOnly);
-        std::optional<QString> answer;
+        std::optional<QByteArray> answer;
         bool answered = false;
-        pickInto(&answer, &answered);
+        FilePickRequest request;
+        request.mode = FilePickRequest::Mode::Open;
+        pickInto(request, &answer, &answered);
         const auto openDialog = [] {
             for (QWidget* widget : QApplication::topLevelWidgets()) {
                 if (auto* dialog = qobject_cast<QFileDialog*>(widget);
@@ -138,10 +294,13 @@ private Q_SLOTS:
             return static_cast<QFileDialog*>(nullptr);
         };
         QTRY_VERIFY(openDialog());
-        openDialog()->selectFile(path);
+        // As a user types it: the focused name box keeps out selectFile().
+        auto* name = openDialog()->findChild<QLineEdit*>(u"fileNameEdit"_s);
+        QVERIFY(name);
+        name->setText(path);
         QMetaObject::invokeMethod(openDialog(), "accept");
         QTRY_VERIFY(answered);
-        QCOMPARE(answer, std::optional<QString>(path));
+        QCOMPARE(answer, std::optional(QFile::encodeName(path)));
         QTest::qWait(50); // the dialog goes, and would save its settings
         const QString config = QString::fromLocal8Bit(qgetenv("XDG_CONFIG_HOME"));
         QCOMPARE(QDir(config).entryList(QDir::NoDotAndDotDot | QDir::AllEntries), QStringList());
@@ -164,14 +323,6 @@ private Q_SLOTS:
             QTRY_COMPARE(hints->cursorFlashTime(), 0);
         }
         QCOMPARE(hints->cursorFlashTime(), flashTime);
-    }
-
-    // The manifest sits where a program run from the build tree would look too:
-    // leave nothing behind.
-    void cleanup()
-    {
-        QFile::remove(manifestPath());
-        QDir().rmpath(QFileInfo(manifestPath()).path());
     }
 
     void packageIdentity_data()

@@ -215,7 +215,9 @@ static int closeDuringRun(int argc, char** argv)
 {
     QApplication application(argc, argv);
     const QString file = QString::fromLocal8Bit(argv[2]);
-    SetFilePickHandler([file](QWindow*, const FilePickRequest&, FilePickDone done) { done(file); });
+    SetFilePickHandler([file](QWindow*, const FilePickRequest&, FilePickDone done) {
+        done(QFile::encodeName(file));
+    });
     QTimer driver;
     int step = 0;
     QObject::connect(&driver, &QTimer::timeout, [&] {
