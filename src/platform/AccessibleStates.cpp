@@ -27,6 +27,28 @@ public:
         return state;
     }
 
+    QString text(QAccessible::Text type) const override
+    {
+        QString text = QAccessibleQuickItem::text(type);
+        if (type != QAccessible::Name || !text.isEmpty()) {
+            return text;
+        }
+        // Qt Quick keeps a password field's name from assistive tools, lest it
+        // be the password; a name the markup gives it outright is safe to say.
+        if (state().passwordEdit) {
+            return item()->property("accessibleName").toString();
+        }
+        // The text inside a spin box or a combo box is that box to the user.
+        QQuickItem* parent = item()->parentItem();
+        if (QAccessibleInterface* outer =
+                parent != nullptr ? QAccessible::queryAccessibleInterface(parent) : nullptr;
+            outer != nullptr &&
+            (outer->role() == QAccessible::SpinBox || outer->role() == QAccessible::ComboBox)) {
+            return outer->text(QAccessible::Name);
+        }
+        return text;
+    }
+
     // A text box that can be typed into can be written by an assistive tool
     // too (Qt Quick 6.4 offers no editable text to them).
     void* interface_cast(QAccessible::InterfaceType type) override

@@ -170,8 +170,7 @@ void PickThroughPortal(QWindow* owner, const FilePickRequest& request, FilePickD
     pending->Listen(PortalPath + QStringLiteral("/request/") + sender + QLatin1Char('/') + token);
 
     const bool save = request.mode == FilePickRequest::Mode::Save;
-    QVariantMap options{{QStringLiteral("handle_token"), token},
-                        {QStringLiteral("modal"), true}};
+    QVariantMap options{{QStringLiteral("handle_token"), token}, {QStringLiteral("modal"), true}};
     if (!request.extensions.isEmpty()) {
         PortalFilter filter{request.choiceKey, {}};
         for (const QString& extension : request.extensions) {

@@ -150,7 +150,10 @@ SelfSignedCertPage {
                 Layout.fillWidth: true
                 echoMode: TextInput.Password
                 placeholderText: "Leave empty for an unencrypted key"
-                Accessible.name: "Pass phrase"
+                // Assistive tools get a password field's name from here: Qt
+                // Quick keeps its Accessible.name from them.
+                readonly property string accessibleName: "Pass phrase"
+                Accessible.name: accessibleName
                 onTextChanged: page.ViewModel.Passphrase = text
             }
 

@@ -1,10 +1,10 @@
 #!/usr/bin/python3
 """The program driven through the accessibility bus alone, as a screen-reader
-user would: no mouse, no keys. Writes a self-signed certificate (the name
-written into its box, the file named in the save dialog) and checks it with
-the openssl command; then opens the checksum page, ticks MD5, picks the file
-and reads the size and the checksum back as the page exposes them; then
-closes the window.
+user would: no mouse, no keys. Writes a self-signed certificate as PEM files
+and as a PKCS#12 bundle, and a signing request (the texts written into their
+boxes, the file named in the save dialog) and checks them with the openssl
+command; then opens the checksum page, ticks MD5, picks the file and reads the
+size and the checksum back as the page exposes them; then closes the window.
 Usage: drive.py FILE"""
 import hashlib
 import os
@@ -82,26 +82,69 @@ def name_file_in_dialog(path, button_names):
     act(buttons[0], "press")
 
 
-app = application()
+def write(role, name, text):
+    """Into the box as a user writes: the focus first, which the next box takes
+    away, and the box hands its text on as it loses it."""
+    box = find(app, role, name)
+    act(box, "setfocus")
+    box.queryEditableText().setTextContents(text)
 
-# A self-signed certificate, the name written into its box.
+
+def generate(button_name, stem, written):
+    """Presses the button, names the file, and waits until the last file is whole."""
+    button = find(app, "push button", button_name)
+    act(button, "setfocus")  # leaving a box hands its text on, as Tab does
+    act(button, "press")
+    name_file_in_dialog(stem, ("Save", "&Save"))
+    deadline = time.time() + 90
+    while time.time() < deadline and not (os.path.exists(written) and os.path.getsize(written) > 0):
+        time.sleep(0.2)
+    time.sleep(0.5)
+    if stat.S_IMODE(os.stat(written).st_mode) & 0o077 and not written.endswith((".crt", ".csr")):
+        fail(f"{written} is not owner-only")
+
+
+def openssl(*arguments):
+    result = subprocess.run(["openssl", *arguments], capture_output=True, text=True)
+    return result.stdout + result.stderr
+
+
+app = application()
+folder = os.path.dirname(FILE)
+
+# A self-signed certificate as PEM files, then as a bundle with a pass phrase.
 act(find(app, "page tab", "Self-Signed Certificate"), "press")
-find(app, "text", "Common Name").queryEditableText().setTextContents("e2e.example")
-generate = find(app, "push button", "Generate the certificate and key as PEM files")
-act(generate, "setfocus")  # leaving the box hands the name on, as Tab does
-act(generate, "press")
-stem = os.path.join(os.path.dirname(FILE), "e2e")
-name_file_in_dialog(stem, ("Save", "&Save"))
-deadline = time.time() + 60
-while time.time() < deadline and not (os.path.exists(stem + ".key") and os.path.getsize(stem + ".key") > 0):
-    time.sleep(0.2)
-subject = subprocess.run(["openssl", "x509", "-in", stem + ".crt", "-noout", "-subject"],
-                         capture_output=True, text=True).stdout
+write("text", "Common Name", "e2e.example")
+generate("Generate the certificate and key as PEM files", os.path.join(folder, "e2e"),
+         os.path.join(folder, "e2e.key"))
+subject = openssl("x509", "-in", os.path.join(folder, "e2e.crt"), "-noout", "-subject")
 if "CN = e2e.example" not in subject:
     fail(f"certificate subject {subject!r}")
-if stat.S_IMODE(os.stat(stem + ".key").st_mode) != 0o600:
-    fail("the key is not owner-only")
 print("certificate:", subject.strip())
+
+write("password text", "Pass phrase", "bundle-secret")
+bundle = os.path.join(folder, "bundle.pfx")
+generate("Generate the certificate and key as one PKCS#12 bundle", os.path.join(folder, "bundle"), bundle)
+listing = openssl("pkcs12", "-in", bundle, "-passin", "pass:bundle-secret", "-nokeys", "-clcerts")
+if "subject=CN = e2e.example" not in listing:
+    fail(f"bundle {listing!r}")
+print("bundle: opened with its pass phrase")
+
+# A request with its subject, alternative names and an encrypted key.
+act(find(app, "page tab", "Certificate Signing Request"), "press")
+write("text", "Common Name", "req.example")
+write("text", "Organization", "E2E Ltd")
+write("text", "Country code", "NZ")
+write("password text", "Pass phrase", "request-secret")
+request = os.path.join(folder, "req.csr")
+generate("Generate the request and its key", os.path.join(folder, "req"), os.path.join(folder, "req.key"))
+subject = openssl("req", "-in", request, "-noout", "-subject", "-verify")
+if "CN = req.example, O = E2E Ltd, C = NZ" not in subject or "verify OK" not in subject:
+    fail(f"request {subject!r}")
+key = openssl("pkey", "-in", os.path.join(folder, "req.key"), "-passin", "pass:request-secret", "-noout")
+if key.strip():
+    fail(f"request key {key!r}")
+print("request:", subject.strip().replace("\n", "; "))
 
 act(find(app, "page tab", "File Checksums"), "press")
 act(find(app, "check box", "MD5"), "toggle")
