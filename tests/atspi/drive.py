@@ -122,12 +122,17 @@ if "CN = e2e.example" not in subject:
     fail(f"certificate subject {subject!r}")
 print("certificate:", subject.strip())
 
+act(find(app, "radio button", "Use the certificate for digital signing"), "press")
 write("password text", "Pass phrase", "bundle-secret")
 bundle = os.path.join(folder, "bundle.pfx")
 generate("Generate the certificate and key as one PKCS#12 bundle", os.path.join(folder, "bundle"), bundle)
 listing = openssl("pkcs12", "-in", bundle, "-passin", "pass:bundle-secret", "-nokeys", "-clcerts")
 if "subject=CN = e2e.example" not in listing:
     fail(f"bundle {listing!r}")
+usage = subprocess.run(["openssl", "x509", "-noout", "-ext", "keyUsage"], input=listing,
+                       capture_output=True, text=True).stdout
+if "Digital Signature" not in usage:
+    fail(f"bundle's key usage {usage!r}")
 print("bundle: opened with its pass phrase")
 
 # A request with its subject, alternative names and an encrypted key.
