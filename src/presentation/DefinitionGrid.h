@@ -81,7 +81,7 @@ class DefinitionGrid : public QQuickItem
 {
     Q_OBJECT
     QML_ELEMENT
-    QML_ATTACHED(DefinitionGridAttached)
+    QML_ATTACHED(Zorvane::DefinitionGridAttached)
 
     /// Row heights for markup, comma-separated: "Auto", a number, "*" or "2*".
     Q_PROPERTY(QString rows WRITE setRows READ rowsText NOTIFY definitionsChanged)

@@ -32,7 +32,8 @@ class Helpers : public QObject
     Q_PROPERTY(QString SystemLocaleName READ SystemLocaleName CONSTANT)
     /// Language and country of the user's locale, as "en-GB".
     Q_PROPERTY(QString UserLocaleName READ UserLocaleName CONSTANT)
-    Q_PROPERTY(quint32 ReleaseYear READ ReleaseYear CONSTANT)
+    /// The markup's types have no unsigned 32-bit integer; the year fits an int.
+    Q_PROPERTY(int ReleaseYear READ ReleaseYearForMarkup CONSTANT)
     Q_PROPERTY(QString CompanyName READ CompanyName CONSTANT)
     Q_PROPERTY(QString ProductName READ ProductName CONSTANT)
     Q_PROPERTY(QString ShortName READ ShortName CONSTANT)
@@ -43,6 +44,7 @@ public:
     static QString SystemLocaleName();
     static QString UserLocaleName();
     static quint32 ReleaseYear();
+    static int ReleaseYearForMarkup() { return static_cast<int>(ReleaseYear()); }
     static QString CompanyName();
     static QString ProductName();
     static QString ShortName();

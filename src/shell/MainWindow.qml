@@ -44,7 +44,8 @@ ApplicationWindow {
                     objectName: "TitleBarIcon"
                     anchors.centerIn: parent
                     source: "qrc:/Zorvane/shell/icons/zorvane.svg"
-                    sourceSize: Qt.size(16, 16)
+                    sourceSize.width: 16
+                    sourceSize.height: 16
                 }
             }
             Item {

@@ -1,5 +1,4 @@
 import QtQuick
-import QtQuick.Controls
 import Zorvane
 
 // One page entry of the navigation pane: label, hover and selection marks,
