@@ -21,7 +21,7 @@ FireAndForget CalculateChecksums(ChecksumRunHost* host)
     std::vector<const EVP_MD*> digests;
     digests.reserve(static_cast<std::size_t>(chosen.size()));
     for (const HashAlgo* algo : chosen) {
-        digests.push_back(algo->digest());
+        digests.push_back(algo->digest() != nullptr ? algo->digest()->get() : nullptr);
     }
     std::optional<OnePassDigester> digester; // freed after the page is back to Normal
 

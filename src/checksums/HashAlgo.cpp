@@ -1,23 +1,18 @@
 #include "HashAlgo.h"
 
-#include <openssl/evp.h>
+#include "digest_engine.h"
 
 namespace Zorvane {
 
-HashAlgo::HashAlgo(EVP_MD* digest, QObject* parent)
-    : QObject(parent), m_shortName(QString::fromUtf8(EVP_MD_get0_name(digest))),
-      m_description(QString::fromUtf8(EVP_MD_get0_description(digest)))
-{
-    EVP_MD_up_ref(digest);
-    m_digest = digest;
-}
+HashAlgo::HashAlgo(std::unique_ptr<Digest> digest, QObject* parent)
+    : QObject(parent), m_digest(std::move(digest)),
+      m_shortName(QString::fromStdString(m_digest->name())),
+      m_description(QString::fromStdString(m_digest->description()))
+{}
 
 HashAlgo::HashAlgo(QString shortName) : m_shortName(std::move(shortName)) {}
 
-HashAlgo::~HashAlgo()
-{
-    EVP_MD_free(m_digest);
-}
+HashAlgo::~HashAlgo() = default;
 
 HashAlgo* HashAlgo::CreateInstance(const QString& shortName)
 {

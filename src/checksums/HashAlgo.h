@@ -4,9 +4,11 @@
 #include <QString>
 #include <QtQml/qqmlregistration.h>
 
-#include <openssl/types.h>
+#include <memory>
 
 namespace Zorvane {
+
+class Digest;
 
 // One digest on the checksum page: its name, whether it is chosen, and its
 // last result.
@@ -26,8 +28,7 @@ class HashAlgo : public QObject
     Q_PROPERTY(QString Checksum READ Checksum NOTIFY ChecksumChanged)
 
 public:
-    // Takes its own reference on the digest as the last act of construction.
-    explicit HashAlgo(EVP_MD* digest, QObject* parent = nullptr);
+    explicit HashAlgo(std::unique_ptr<Digest> digest, QObject* parent = nullptr);
     ~HashAlgo() override;
 
     // A name only, without a digest to hash with.
@@ -43,7 +44,8 @@ public:
     // Always raises ChecksumChanged, also for the same text.
     void setChecksum(const QString& checksum);
 
-    const EVP_MD* digest() const { return m_digest; }
+    // The digest to hash with; null for a name only.
+    const Digest* digest() const { return m_digest.get(); }
 
 Q_SIGNALS:
     void CheckedChanged();
@@ -52,7 +54,7 @@ Q_SIGNALS:
 private:
     explicit HashAlgo(QString shortName);
 
-    EVP_MD* m_digest = nullptr;
+    std::unique_ptr<Digest> m_digest;
     QString m_shortName;
     QString m_description;
     bool m_checked = false;

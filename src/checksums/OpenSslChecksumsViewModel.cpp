@@ -11,7 +11,7 @@ QList<HashAlgo*> build_catalogue(QObject* owner)
 {
     QList<HashAlgo*> catalogue;
     for (const EvpMdPtr& digest : provided_digests()) {
-        catalogue << new HashAlgo(digest.get(), owner);
+        catalogue << new HashAlgo(std::make_unique<Digest>(digest.get()), owner);
     }
     // Code unit by code unit, so "Z" comes before "a"; no tie-break.
     std::sort(catalogue.begin(), catalogue.end(),

@@ -75,6 +75,22 @@ std::vector<EvpMdPtr> provided_digests()
     return digests;
 }
 
+Digest::Digest(EVP_MD* md) : m_md(md)
+{
+    EVP_MD_up_ref(md);
+}
+
+std::string Digest::name() const
+{
+    return EVP_MD_get0_name(m_md.get());
+}
+
+std::string Digest::description() const
+{
+    const char* text = EVP_MD_get0_description(m_md.get());
+    return text != nullptr ? text : "";
+}
+
 std::string upper_hex(const unsigned char* bytes, std::size_t length)
 {
     static constexpr char Alphabet[] = "0123456789ABCDEF";

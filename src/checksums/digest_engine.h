@@ -23,6 +23,21 @@ inline constexpr std::uint32_t XofOutputLength = 64;
 // providers' order, each with its own reference.
 std::vector<EvpMdPtr> provided_digests();
 
+// One digest of the catalogue with its own reference: what the Qt side holds
+// of it, without seeing an OpenSSL type.
+class Digest
+{
+public:
+    explicit Digest(EVP_MD* md);
+
+    const EVP_MD* get() const { return m_md.get(); }
+    std::string name() const;
+    std::string description() const;
+
+private:
+    EvpMdPtr m_md;
+};
+
 // Upper-case hexadecimal, high nibble first, no separators.
 std::string upper_hex(const unsigned char* bytes, std::size_t length);
 
