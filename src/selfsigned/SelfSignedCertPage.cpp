@@ -1,15 +1,14 @@
 #include "SelfSignedCertPage.h"
 
-#include "FailureDialog.h"
-#include "FileManager.h"
-#include "FilePicker.h"
 #include "Focus.h"
+#include "GenerationFlow.h"
 #include "HResultError.h"
-#include "VisualStates.h"
 #include "output_paths.h"
 #include "self_signed_builder.h"
 
 #include <QQuickWindow>
+
+#include <memory>
 
 namespace Zorvane {
 
@@ -34,61 +33,44 @@ void SelfSignedCertPage::itemChange(ItemChange change, const ItemChangeData& dat
 
 FireAndForget SelfSignedCertPage::GenerateAsync(QObject* sender)
 {
-    const QPointer<SelfSignedCertPage> page = this;
-    // What the run needs beyond its copies. The page may go before the run
-    // ends (the user leaves it); the window, where a failure is told, stays.
-    const QPointer<QQuickWindow> owner = window();
-
     // Copies first: what the user changes from here on has no effect on this run.
-    SelfSignedSettings settings;
-    settings.forDigitalSigning = m_viewModel->ForDigitalSigning();
-    settings.commonName = m_viewModel->CommonName().toStdString();
-    settings.validDays = m_viewModel->ValidDays();
-    settings.keySize = m_viewModel->KeySize();
-    settings.passphrase = m_viewModel->Passphrase().toStdString();
+    auto settings = std::make_shared<SelfSignedSettings>();
+    settings->forDigitalSigning = m_viewModel->ForDigitalSigning();
+    settings->commonName = m_viewModel->CommonName().toStdString();
+    settings->validDays = m_viewModel->ValidDays();
+    settings->keySize = m_viewModel->KeySize();
+    settings->passphrase = m_viewModel->Passphrase().toStdString();
 
     const QVariant tag = sender != nullptr ? sender->property("tag") : QVariant();
     if (tag.typeId() != QMetaType::QString) {
         throw HResultError(HResult::NoInterface, "the button's tag is no string");
     }
-    settings.format = output_format_for_tag(tag.toString().toStdString());
-    if (settings.commonName.empty()) {
+    settings->format = output_format_for_tag(tag.toString().toStdString());
+    if (settings->commonName.empty()) {
         co_return;
     }
 
-    const bool pem = settings.format == OutputFormat::Pem;
-    FilePickRequest request;
-    request.choiceKey = pem ? QStringLiteral("PEM") : QStringLiteral("PKCS#12");
-    request.extensions = pem ? QStringList{QStringLiteral(".crt")}
-                             : QStringList{QStringLiteral(".pfx"), QStringLiteral(".p12")};
-    request.defaultExtension = QString::fromUtf8(default_extension(settings.format));
-    const std::optional<QByteArray> picked = co_await PickFileAsync(owner, request);
-    if (!picked) {
-        co_return; // cancelled
-    }
-    settings.certPath =
-        with_default_extension(picked->toStdString(), default_extension(settings.format));
-    settings.keyPath = key_path_for(settings.certPath);
-
-    GoToState(page, VisualStates::InProgress);
-    const VisualStateGuard normalOnExit(page);
-    const UiContext ui = UiContext::Capture();
-    co_await ResumeBackground{};
-
-    const std::error_code ec = generate_self_signed(settings);
-
-    co_await ui;
-    if (ec.value() != 0) {
-        if (owner) {
-            ShowFailureDialog(owner, FailureTitle, ec);
+    const bool pem = settings->format == OutputFormat::Pem;
+    GenerationSteps steps;
+    steps.picker.choiceKey = pem ? QStringLiteral("PEM") : QStringLiteral("PKCS#12");
+    steps.picker.extensions = pem ? QStringList{QStringLiteral(".crt")}
+                                  : QStringList{QStringLiteral(".pfx"), QStringLiteral(".p12")};
+    steps.picker.defaultExtension = QString::fromUtf8(default_extension(settings->format));
+    steps.failureTitle = FailureTitle;
+    steps.placeOutputs = [settings, pem](const QByteArray& picked) {
+        settings->certPath =
+            with_default_extension(picked.toStdString(), default_extension(settings->format));
+        settings->keyPath = key_path_for(settings->certPath);
+        QList<QByteArray> written{QByteArray::fromStdString(settings->certPath)};
+        if (pem) {
+            written << QByteArray::fromStdString(settings->keyPath);
         }
-        co_return;
-    }
-    QList<QByteArray> written{QByteArray::fromStdString(settings.certPath)};
-    if (pem) {
-        written << QByteArray::fromStdString(settings.keyPath);
-    }
-    FileManager::ShowItems(written);
+        return written;
+    };
+    steps.build = [settings] {
+        return generate_self_signed(*settings);
+    };
+    RunGeneration(this, window(), std::move(steps));
 }
 
 } // namespace Zorvane
