@@ -3,7 +3,7 @@
 // resident memory of the engine. Figures come from one run; the last line is
 // the summary that the README quotes.
 
-#include "digest_engine.h"
+#include "checksums/digest_engine.h"
 
 #include <fmt/format.h>
 

@@ -6,14 +6,14 @@
 // no frame and use next to no CPU (under 0.1 s in 10 s). Each step is first
 // left to settle for the time after which a text caret stops blinking.
 
-#include "App.h"
-#include "CaretBlink.h"
-#include "ChecksumSelection.h"
-#include "FilePicker.h"
-#include "MainWindow.h"
-#include "NavigationView.h"
-#include "OpenSslChecksumsPage.h"
-#include "PageFrame.h"
+#include "checksums/ChecksumSelection.h"
+#include "checksums/OpenSslChecksumsPage.h"
+#include "platform/CaretBlink.h"
+#include "platform/FilePicker.h"
+#include "shell/App.h"
+#include "shell/MainWindow.h"
+#include "shell/NavigationView.h"
+#include "shell/PageFrame.h"
 
 #include <QApplication>
 #include <QElapsedTimer>

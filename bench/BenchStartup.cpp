@@ -9,8 +9,8 @@
 // CLOCK_MONOTONIC stamps, which the launcher compares with the stamp it took
 // just before spawning the child.
 
-#include "App.h"
-#include "PageFrame.h"
+#include "shell/App.h"
+#include "shell/PageFrame.h"
 
 #include <QApplication>
 #include <QQmlComponent>

@@ -6,11 +6,11 @@
 // name, the alternative names and the five optional subject fields, separated
 // by NUL bytes.
 
-#include "openssl_ptr.h"
-#include "request_builder.h"
-#include "self_signed_builder.h"
-#include "ssl_error_category.h"
-#include "subject_and_extensions.h"
+#include "certs/openssl_ptr.h"
+#include "certs/request_builder.h"
+#include "certs/self_signed_builder.h"
+#include "certs/ssl_error_category.h"
+#include "certs/subject_and_extensions.h"
 
 #include <openssl/err.h>
 

@@ -6,7 +6,7 @@
 // the show state (4 bytes), the rectangle and two points (8 doubles), the
 // device pixel ratio (1 byte) and up to three screens (4 x int16 each).
 
-#include "WindowPlacement.h"
+#include "shell/WindowPlacement.h"
 
 #include <QPointF>
 #include <QRectF>

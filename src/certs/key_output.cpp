@@ -1,6 +1,6 @@
-#include "key_output.h"
+#include "certs/key_output.h"
 
-#include "ssl_error_category.h"
+#include "certs/ssl_error_category.h"
 
 #include <openssl/err.h>
 #include <openssl/pem.h>

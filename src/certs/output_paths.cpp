@@ -1,4 +1,4 @@
-#include "output_paths.h"
+#include "certs/output_paths.h"
 
 namespace Zorvane {
 

@@ -1,9 +1,9 @@
-#include "self_signed_builder.h"
+#include "certs/self_signed_builder.h"
 
-#include "key_output.h"
-#include "openssl_ptr.h"
-#include "ssl_error_category.h"
-#include "subject_and_extensions.h"
+#include "certs/key_output.h"
+#include "certs/openssl_ptr.h"
+#include "certs/ssl_error_category.h"
+#include "certs/subject_and_extensions.h"
 
 #include <openssl/pem.h>
 

@@ -1,6 +1,6 @@
-#include "subject_and_extensions.h"
+#include "certs/subject_and_extensions.h"
 
-#include "ssl_error_category.h"
+#include "certs/ssl_error_category.h"
 
 #include <boost/algorithm/string/classification.hpp>
 #include <boost/algorithm/string/split.hpp>

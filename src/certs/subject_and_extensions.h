@@ -1,6 +1,6 @@
 #pragma once
 
-#include "openssl_ptr.h"
+#include "certs/openssl_ptr.h"
 
 #include <string>
 #include <string_view>

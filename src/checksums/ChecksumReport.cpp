@@ -1,6 +1,6 @@
-#include "ChecksumReport.h"
+#include "checksums/ChecksumReport.h"
 
-#include "HashAlgoVector.h"
+#include "checksums/HashAlgoVector.h"
 
 namespace Zorvane::ChecksumReport {
 

@@ -1,8 +1,8 @@
-#include "ChecksumRun.h"
+#include "checksums/ChecksumRun.h"
 
-#include "OpenSslChecksumsViewModel.h"
-#include "VisualStates.h"
-#include "digest_engine.h"
+#include "checksums/OpenSslChecksumsViewModel.h"
+#include "checksums/digest_engine.h"
+#include "platform/VisualStates.h"
 
 #include <QPointer>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Coroutines.h"
+#include "platform/Coroutines.h"
 
 #include <QByteArray>
 #include <QObject>

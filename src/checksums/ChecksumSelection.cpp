@@ -1,6 +1,6 @@
-#include "ChecksumSelection.h"
+#include "checksums/ChecksumSelection.h"
 
-#include "OpenSslChecksumsViewModel.h"
+#include "checksums/OpenSslChecksumsViewModel.h"
 
 #include <QStringList>
 

@@ -1,8 +1,8 @@
-#include "ChosenAlgorithms.h"
+#include "checksums/ChosenAlgorithms.h"
 
-#include "ChecksumSelection.h"
-#include "OpenSslChecksumsViewModel.h"
-#include "Package.h"
+#include "checksums/ChecksumSelection.h"
+#include "checksums/OpenSslChecksumsViewModel.h"
+#include "platform/Package.h"
 
 namespace Zorvane {
 

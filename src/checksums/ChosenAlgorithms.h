@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ApplicationData.h"
+#include "platform/ApplicationData.h"
 
 #include <QString>
 

@@ -1,6 +1,6 @@
-#include "HashAlgo.h"
+#include "checksums/HashAlgo.h"
 
-#include "digest_engine.h"
+#include "checksums/digest_engine.h"
 
 namespace Zorvane {
 

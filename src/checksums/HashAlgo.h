@@ -15,8 +15,6 @@ class Digest;
 class HashAlgo : public QObject
 {
     Q_OBJECT
-    QML_ELEMENT
-    QML_UNCREATABLE("HashAlgo objects come from the digest catalogue")
 
     /// The one name of the digest on the check box, in the report and in the stored selection.
     Q_PROPERTY(QString ShortName READ ShortName CONSTANT)

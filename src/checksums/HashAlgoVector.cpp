@@ -1,4 +1,4 @@
-#include "HashAlgoVector.h"
+#include "checksums/HashAlgoVector.h"
 
 namespace Zorvane {
 

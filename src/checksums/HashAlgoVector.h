@@ -1,6 +1,6 @@
 #pragma once
 
-#include "HashAlgo.h"
+#include "checksums/HashAlgo.h"
 
 #include <QAbstractListModel>
 #include <QList>
@@ -14,8 +14,6 @@ namespace Zorvane {
 class HashAlgoVector : public QAbstractListModel
 {
     Q_OBJECT
-    QML_ELEMENT
-    QML_UNCREATABLE("Vectors belong to the checksum view model")
 
     Q_PROPERTY(int Size READ Size NOTIFY VectorChanged)
 

@@ -1,14 +1,14 @@
-#include "OpenSslChecksumsPage.h"
+#include "checksums/OpenSslChecksumsPage.h"
 
-#include "App.h"
-#include "ChecksumReport.h"
-#include "ChecksumSelection.h"
-#include "ChosenAlgorithms.h"
-#include "Clipboard.h"
-#include "DefinitionGrid.h"
-#include "EventHandler.h"
-#include "FilePicker.h"
-#include "HResultError.h"
+#include "checksums/ChecksumReport.h"
+#include "checksums/ChecksumSelection.h"
+#include "checksums/ChosenAlgorithms.h"
+#include "platform/Clipboard.h"
+#include "platform/EventHandler.h"
+#include "platform/FilePicker.h"
+#include "platform/HResultError.h"
+#include "platform/Package.h"
+#include "presentation/DefinitionGrid.h"
 
 #include <QFile>
 #include <QQuickWindow>
@@ -46,8 +46,7 @@ QObject* OpenSslChecksumsPage::named(const char* name) const
 
 bool OpenSslChecksumsPage::noPackageIdentity() const
 {
-    const App* app = App::Current();
-    return app == nullptr || app->NoPackageIdentity();
+    return Package::NoPackageIdentity();
 }
 
 void OpenSslChecksumsPage::itemChange(ItemChange change, const ItemChangeData& data)
@@ -92,9 +91,8 @@ FireAndForget OpenSslChecksumsPage::SelectFileAsync()
     const QPointer<OpenSslChecksumsPage> page = this;
     FilePickRequest request;
     request.mode = FilePickRequest::Mode::Open;
-    const App* app = App::Current();
-    const std::optional<QByteArray> picked =
-        co_await PickFileAsync(app != nullptr ? app->MainWindowHandle() : window(), request);
+    // The page's window is the main window, which owns the picker.
+    const std::optional<QByteArray> picked = co_await PickFileAsync(window(), request);
     if (!picked || !page) {
         co_return; // cancelled: the old file and its results stay
     }

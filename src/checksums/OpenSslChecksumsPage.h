@@ -1,8 +1,8 @@
 #pragma once
 
-#include "ChecksumRun.h"
-#include "Coroutines.h"
-#include "OpenSslChecksumsViewModel.h"
+#include "checksums/ChecksumRun.h"
+#include "checksums/OpenSslChecksumsViewModel.h"
+#include "platform/Coroutines.h"
 
 #include <QPointer>
 #include <QQuickItem>
@@ -18,7 +18,6 @@ namespace Zorvane {
 class OpenSslChecksumsPage : public QQuickItem, public ChecksumRunHost
 {
     Q_OBJECT
-    QML_ELEMENT
 
     Q_PROPERTY(Zorvane::OpenSslChecksumsViewModel* ViewModel READ viewModelObject CONSTANT)
 

@@ -1,6 +1,6 @@
-#include "OpenSslChecksumsViewModel.h"
+#include "checksums/OpenSslChecksumsViewModel.h"
 
-#include "digest_engine.h"
+#include "checksums/digest_engine.h"
 
 #include <algorithm>
 

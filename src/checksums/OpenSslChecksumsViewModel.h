@@ -1,6 +1,6 @@
 #pragma once
 
-#include "HashAlgoVector.h"
+#include "checksums/HashAlgoVector.h"
 
 #include <QObject>
 #include <QtQml/qqmlregistration.h>
@@ -12,7 +12,6 @@ namespace Zorvane {
 class OpenSslChecksumsViewModel : public QObject
 {
     Q_OBJECT
-    QML_ELEMENT
 
     /// Every digest on offer, sorted by name.
     Q_PROPERTY(Zorvane::HashAlgoVector* AvailableHashAlgos READ AvailableHashAlgos CONSTANT)

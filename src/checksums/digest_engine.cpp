@@ -1,4 +1,4 @@
-#include "digest_engine.h"
+#include "checksums/digest_engine.h"
 
 #include <openssl/core_names.h>
 #include <openssl/params.h>

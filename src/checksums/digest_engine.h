@@ -4,7 +4,7 @@
 // chunk after chunk, so a file is read once however many digests there are.
 // OpenSSL only, no Qt.
 
-#include "openssl_ptr.h"
+#include "certs/openssl_ptr.h"
 
 #include <cstddef>
 #include <cstdint>

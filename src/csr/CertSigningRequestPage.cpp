@@ -1,9 +1,9 @@
-#include "CertSigningRequestPage.h"
+#include "csr/CertSigningRequestPage.h"
 
-#include "Focus.h"
-#include "GenerationFlow.h"
-#include "output_paths.h"
-#include "request_builder.h"
+#include "certs/output_paths.h"
+#include "certs/request_builder.h"
+#include "platform/Focus.h"
+#include "platform/GenerationFlow.h"
 
 #include <QQuickWindow>
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "CertSigningRequestViewModel.h"
-#include "Coroutines.h"
+#include "csr/CertSigningRequestViewModel.h"
+#include "platform/Coroutines.h"
 
 #include <QQuickItem>
 #include <QtQml/qqmlregistration.h>
@@ -13,7 +13,6 @@ namespace Zorvane {
 class CertSigningRequestPage : public QQuickItem
 {
     Q_OBJECT
-    QML_ELEMENT
 
     Q_PROPERTY(Zorvane::CertSigningRequestViewModel* ViewModel READ ViewModel CONSTANT)
 

@@ -1,4 +1,4 @@
-#include "CertSigningRequestViewModel.h"
+#include "csr/CertSigningRequestViewModel.h"
 
 namespace Zorvane {
 

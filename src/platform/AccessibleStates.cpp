@@ -1,4 +1,4 @@
-#include "AccessibleStates.h"
+#include "platform/AccessibleStates.h"
 
 #include <QAccessible>
 #include <QQuickItem>

@@ -1,6 +1,6 @@
-#include "ApplicationData.h"
+#include "platform/ApplicationData.h"
 
-#include "Package.h"
+#include "platform/Package.h"
 
 #include <QDataStream>
 #include <QDir>

@@ -1,6 +1,6 @@
-#include "Coroutines.h"
+#include "platform/Coroutines.h"
 
-#include "HResultError.h"
+#include "platform/HResultError.h"
 
 #include <QCoreApplication>
 #include <QThread>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "HResultError.h"
+#include "platform/HResultError.h"
 
 #include <exception>
 #include <utility>

@@ -1,7 +1,7 @@
-#include "FailureDialog.h"
+#include "platform/FailureDialog.h"
 
-#include "HResultError.h"
-#include "ssl_error_category.h"
+#include "certs/ssl_error_category.h"
+#include "platform/HResultError.h"
 
 #include <QQmlComponent>
 #include <QQmlContext>

@@ -1,6 +1,6 @@
-#include "FilePicker.h"
+#include "platform/FilePicker.h"
 
-#include "PortalFileChooser.h"
+#include "platform/PortalFileChooser.h"
 
 #include <QCoreApplication>
 #include <QFile>

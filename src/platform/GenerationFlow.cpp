@@ -1,8 +1,8 @@
-#include "GenerationFlow.h"
+#include "platform/GenerationFlow.h"
 
-#include "FailureDialog.h"
-#include "FileManager.h"
-#include "VisualStates.h"
+#include "platform/FailureDialog.h"
+#include "platform/FileManager.h"
+#include "platform/VisualStates.h"
 
 #include <QPointer>
 #include <QQuickItem>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "Coroutines.h"
-#include "FilePicker.h"
+#include "platform/Coroutines.h"
+#include "platform/FilePicker.h"
 
 #include <QByteArray>
 #include <QList>

@@ -1,4 +1,4 @@
-#include "HResultError.h"
+#include "platform/HResultError.h"
 
 #include <fmt/format.h>
 

@@ -1,6 +1,6 @@
-#include "Package.h"
+#include "platform/Package.h"
 
-#include "HResultError.h"
+#include "platform/HResultError.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -29,6 +29,24 @@ bool DetectNoPackageIdentity()
         return error.code() == HResult::NoPackage;
     }
     return false;
+}
+
+namespace {
+bool& processAnswer()
+{
+    static bool noPackageIdentity = true;
+    return noPackageIdentity;
+}
+} // namespace
+
+bool NoPackageIdentity()
+{
+    return processAnswer();
+}
+
+void FixNoPackageIdentity(bool noPackageIdentity)
+{
+    processAnswer() = noPackageIdentity;
 }
 
 } // namespace Zorvane::Package

@@ -20,4 +20,10 @@ QString Current();
 // other failure is swallowed and leaves the answer false.
 bool DetectNoPackageIdentity();
 
+// The answer for this process, fixed by the application object as it starts,
+// before any window, and read by whatever must leave the settings store alone.
+// True while no application object has fixed it.
+bool NoPackageIdentity();
+void FixNoPackageIdentity(bool noPackageIdentity);
+
 } // namespace Zorvane::Package

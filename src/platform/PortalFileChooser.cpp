@@ -1,4 +1,4 @@
-#include "PortalFileChooser.h"
+#include "platform/PortalFileChooser.h"
 
 #include <QCoreApplication>
 #include <QDBusArgument>

@@ -1,4 +1,4 @@
-#include "VisualStates.h"
+#include "platform/VisualStates.h"
 
 #include <QVariant>
 

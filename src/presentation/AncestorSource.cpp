@@ -1,8 +1,8 @@
-#include "AncestorSource.h"
+#include "presentation/AncestorSource.h"
 
-#include "AttachedValues.h"
-#include "EventHandler.h"
-#include "HResultError.h"
+#include "platform/EventHandler.h"
+#include "platform/HResultError.h"
+#include "presentation/AttachedValues.h"
 
 #include <QJSEngine>
 #include <QMetaObject>

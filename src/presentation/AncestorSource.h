@@ -15,7 +15,6 @@ namespace Zorvane {
 class AncestorSourceAttached : public QObject
 {
     Q_OBJECT
-    QML_ANONYMOUS
     Q_PROPERTY(
         QVariant ancestorType READ ancestorType WRITE setAncestorType NOTIFY ancestorTypeChanged)
     Q_PROPERTY(QObject* dataContext READ dataContext NOTIFY dataContextChanged)
@@ -43,9 +42,7 @@ private:
 class AncestorSource : public QObject
 {
     Q_OBJECT
-    QML_ELEMENT
-    QML_UNCREATABLE("AncestorSource has attached properties only")
-    QML_ATTACHED(AncestorSourceAttached)
+    QML_ATTACHED(Zorvane::AncestorSourceAttached)
 
 public:
     static AncestorSourceAttached* qmlAttachedProperties(QObject* object);

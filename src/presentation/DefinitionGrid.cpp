@@ -1,6 +1,6 @@
-#include "DefinitionGrid.h"
+#include "presentation/DefinitionGrid.h"
 
-#include "HResultError.h"
+#include "platform/HResultError.h"
 
 #include <QStringList>
 

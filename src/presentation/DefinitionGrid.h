@@ -48,7 +48,6 @@ private:
 class DefinitionGridAttached : public QObject
 {
     Q_OBJECT
-    QML_ANONYMOUS
     Q_PROPERTY(int row READ row WRITE setRow NOTIFY changed)
     Q_PROPERTY(int column READ column WRITE setColumn NOTIFY changed)
     Q_PROPERTY(int rowSpan READ rowSpan WRITE setRowSpan NOTIFY changed)
@@ -80,7 +79,6 @@ private:
 class DefinitionGrid : public QQuickItem
 {
     Q_OBJECT
-    QML_ELEMENT
     QML_ATTACHED(Zorvane::DefinitionGridAttached)
 
     /// Row heights for markup, comma-separated: "Auto", a number, "*" or "2*".

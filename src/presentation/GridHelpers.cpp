@@ -1,7 +1,7 @@
-#include "GridHelpers.h"
+#include "presentation/GridHelpers.h"
 
-#include "AttachedValues.h"
-#include "DefinitionGrid.h"
+#include "presentation/AttachedValues.h"
+#include "presentation/DefinitionGrid.h"
 
 #include <QJSEngine>
 

@@ -13,7 +13,6 @@ class DefinitionGrid;
 class GridHelpersAttached : public QObject
 {
     Q_OBJECT
-    QML_ANONYMOUS
     Q_PROPERTY(int rowCount READ rowCount WRITE setRowCount NOTIFY rowCountChanged)
     Q_PROPERTY(int columnCount READ columnCount WRITE setColumnCount NOTIFY columnCountChanged)
     Q_PROPERTY(QString starRows READ starRows WRITE setStarRows NOTIFY starRowsChanged)
@@ -54,9 +53,7 @@ private:
 class GridHelpers : public QObject
 {
     Q_OBJECT
-    QML_ELEMENT
-    QML_UNCREATABLE("GridHelpers has attached properties only")
-    QML_ATTACHED(GridHelpersAttached)
+    QML_ATTACHED(Zorvane::GridHelpersAttached)
 
 public:
     static GridHelpersAttached* qmlAttachedProperties(QObject* object);

@@ -1,6 +1,6 @@
-#include "Helpers.h"
+#include "presentation/Helpers.h"
 
-#include "ProductIdentity.h"
+#include "platform/ProductIdentity.h"
 
 #include <QJSEngine>
 #include <QLocale>

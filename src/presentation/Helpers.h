@@ -23,8 +23,6 @@ enum class Visibility
 class Helpers : public QObject
 {
     Q_OBJECT
-    QML_ELEMENT
-    QML_SINGLETON
 
     /// Country code of the system's default locale.
     Q_PROPERTY(QString SystemRegion READ SystemRegion CONSTANT)

@@ -1,7 +1,7 @@
-#include "InverseBooleanToVisibilityConverter.h"
+#include "presentation/InverseBooleanToVisibilityConverter.h"
 
-#include "HResultError.h"
-#include "Helpers.h"
+#include "platform/HResultError.h"
+#include "presentation/Helpers.h"
 
 #include <QJSEngine>
 

@@ -12,7 +12,6 @@ namespace Zorvane {
 class InverseBooleanToVisibilityConverter : public QObject
 {
     Q_OBJECT
-    QML_ELEMENT
 
 public:
     explicit InverseBooleanToVisibilityConverter(QObject* parent = nullptr);

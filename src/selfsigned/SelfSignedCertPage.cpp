@@ -1,10 +1,10 @@
-#include "SelfSignedCertPage.h"
+#include "selfsigned/SelfSignedCertPage.h"
 
-#include "Focus.h"
-#include "GenerationFlow.h"
-#include "HResultError.h"
-#include "output_paths.h"
-#include "self_signed_builder.h"
+#include "certs/output_paths.h"
+#include "certs/self_signed_builder.h"
+#include "platform/Focus.h"
+#include "platform/GenerationFlow.h"
+#include "platform/HResultError.h"
 
 #include <QQuickWindow>
 

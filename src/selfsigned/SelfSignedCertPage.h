@@ -1,7 +1,7 @@
 #pragma once
 
-#include "Coroutines.h"
-#include "SelfSignedCertViewModel.h"
+#include "platform/Coroutines.h"
+#include "selfsigned/SelfSignedCertViewModel.h"
 
 #include <QQuickItem>
 #include <QtQml/qqmlregistration.h>
@@ -13,7 +13,6 @@ namespace Zorvane {
 class SelfSignedCertPage : public QQuickItem
 {
     Q_OBJECT
-    QML_ELEMENT
 
     Q_PROPERTY(Zorvane::SelfSignedCertViewModel* ViewModel READ ViewModel CONSTANT)
 

@@ -1,4 +1,4 @@
-#include "SelfSignedCertViewModel.h"
+#include "selfsigned/SelfSignedCertViewModel.h"
 
 #include <algorithm>
 

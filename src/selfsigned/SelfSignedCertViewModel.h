@@ -12,7 +12,6 @@ namespace Zorvane {
 class SelfSignedCertViewModel : public QObject
 {
     Q_OBJECT
-    QML_ELEMENT
 
     /// The certificate is for signing documents rather than for a server name.
     Q_PROPERTY(bool ForDigitalSigning READ ForDigitalSigning WRITE setForDigitalSigning)

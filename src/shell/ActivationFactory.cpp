@@ -1,11 +1,11 @@
-#include "ActivationFactory.h"
+#include "shell/ActivationFactory.h"
 
-#include "CertSigningRequestViewModel.h"
-#include "HResultError.h"
-#include "InverseBooleanToVisibilityConverter.h"
-#include "MainWindow.h"
-#include "OpenSslChecksumsViewModel.h"
-#include "SelfSignedCertViewModel.h"
+#include "checksums/OpenSslChecksumsViewModel.h"
+#include "csr/CertSigningRequestViewModel.h"
+#include "platform/HResultError.h"
+#include "presentation/InverseBooleanToVisibilityConverter.h"
+#include "selfsigned/SelfSignedCertViewModel.h"
+#include "shell/MainWindow.h"
 
 #include <QHash>
 #include <QQmlComponent>

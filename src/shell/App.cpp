@@ -1,12 +1,12 @@
-#include "App.h"
+#include "shell/App.h"
 
-#include "AccessibleStates.h"
-#include "CaretBlink.h"
-#include "Coroutines.h"
-#include "DesktopColorScheme.h"
-#include "EventHandler.h"
-#include "MainWindow.h"
-#include "Package.h"
+#include "platform/AccessibleStates.h"
+#include "platform/CaretBlink.h"
+#include "platform/Coroutines.h"
+#include "platform/DesktopColorScheme.h"
+#include "platform/EventHandler.h"
+#include "platform/Package.h"
+#include "shell/MainWindow.h"
 
 #include <QCoreApplication>
 #include <QGuiApplication>
@@ -27,6 +27,7 @@ App::App()
       m_noPackageIdentity(Package::DetectNoPackageIdentity())
 {
     current = this;
+    Package::FixNoPackageIdentity(m_noPackageIdentity);
     InstallAccessibleStates(); // before the first markup, so before Qt Quick's own
     // Where the module's qmldir lies, so that its markup types (ProgressRing)
     // are found as well as its C++ ones.
@@ -38,6 +39,7 @@ App::~App()
     m_window.reset(); // before the engine that made it
     if (current == this) {
         current = nullptr;
+        Package::FixNoPackageIdentity(true);
     }
 }
 

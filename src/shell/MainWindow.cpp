@@ -1,15 +1,15 @@
-#include "MainWindow.h"
+#include "shell/MainWindow.h"
 
-#include "App.h"
-#include "ApplicationData.h"
-#include "DefinitionGrid.h"
-#include "EventHandler.h"
-#include "HResultError.h"
-#include "NavigationView.h"
-#include "NavigationViewItem.h"
-#include "PageFrame.h"
-#include "ProductIdentity.h"
-#include "WindowPlacement.h"
+#include "platform/ApplicationData.h"
+#include "platform/EventHandler.h"
+#include "platform/HResultError.h"
+#include "platform/ProductIdentity.h"
+#include "presentation/DefinitionGrid.h"
+#include "shell/App.h"
+#include "shell/NavigationView.h"
+#include "shell/NavigationViewItem.h"
+#include "shell/PageFrame.h"
+#include "shell/WindowPlacement.h"
 
 #include <QEvent>
 #include <QGuiApplication>

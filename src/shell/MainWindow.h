@@ -1,7 +1,7 @@
 #pragma once
 
-#include "Coroutines.h"
-#include "TitleBarGeometry.h"
+#include "platform/Coroutines.h"
+#include "shell/TitleBarGeometry.h"
 
 #include <QObject>
 #include <QPointF>

@@ -1,6 +1,6 @@
-#include "NavigationView.h"
+#include "shell/NavigationView.h"
 
-#include "NavigationViewItem.h"
+#include "shell/NavigationViewItem.h"
 
 namespace Zorvane {
 

@@ -1,4 +1,4 @@
-#include "NavigationViewItem.h"
+#include "shell/NavigationViewItem.h"
 
 namespace Zorvane {
 

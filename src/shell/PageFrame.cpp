@@ -1,6 +1,6 @@
-#include "PageFrame.h"
+#include "shell/PageFrame.h"
 
-#include "ActivationFactory.h"
+#include "shell/ActivationFactory.h"
 
 #include <QQmlEngine>
 

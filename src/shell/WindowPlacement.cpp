@@ -1,6 +1,6 @@
-#include "WindowPlacement.h"
+#include "shell/WindowPlacement.h"
 
-#include "ApplicationData.h"
+#include "platform/ApplicationData.h"
 
 #include <QGuiApplication>
 #include <QScreen>

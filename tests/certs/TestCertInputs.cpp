@@ -1,6 +1,6 @@
-#include "output_paths.h"
-#include "self_signed_builder.h"
-#include "subject_and_extensions.h"
+#include "certs/output_paths.h"
+#include "certs/self_signed_builder.h"
+#include "certs/subject_and_extensions.h"
 
 #include <QTest>
 

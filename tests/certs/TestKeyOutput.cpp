@@ -1,7 +1,7 @@
-#include "OpenSslReader.h"
-#include "key_output.h"
-#include "self_signed_builder.h"
-#include "ssl_error_category.h"
+#include "certs/key_output.h"
+#include "certs/self_signed_builder.h"
+#include "certs/ssl_error_category.h"
+#include "support/OpenSslReader.h"
 
 #include <QFile>
 #include <QFileInfo>

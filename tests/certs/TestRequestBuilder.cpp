@@ -1,6 +1,6 @@
-#include "OpenSslReader.h"
-#include "request_builder.h"
-#include "ssl_error_category.h"
+#include "certs/request_builder.h"
+#include "certs/ssl_error_category.h"
+#include "support/OpenSslReader.h"
 
 #include <QTemporaryDir>
 #include <QTest>

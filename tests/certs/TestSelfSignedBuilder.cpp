@@ -1,6 +1,6 @@
-#include "OpenSslReader.h"
-#include "self_signed_builder.h"
-#include "ssl_error_category.h"
+#include "certs/self_signed_builder.h"
+#include "certs/ssl_error_category.h"
+#include "support/OpenSslReader.h"
 
 #include <QDateTime>
 #include <QDir>

@@ -1,4 +1,4 @@
-#include "ssl_error_category.h"
+#include "certs/ssl_error_category.h"
 
 #include <QTest>
 

@@ -2,7 +2,7 @@
 
 // Small readers of the checksum model shared by its tests.
 
-#include "OpenSslChecksumsViewModel.h"
+#include "checksums/OpenSslChecksumsViewModel.h"
 
 #include <QStringList>
 

@@ -1,9 +1,9 @@
-#include "ChecksumReport.h"
-#include "ChecksumSelection.h"
 #include "ChecksumTesting.h"
-#include "ChosenAlgorithms.h"
-#include "IsolatedConfig.h"
-#include "OpenSslChecksumsViewModel.h"
+#include "checksums/ChecksumReport.h"
+#include "checksums/ChecksumSelection.h"
+#include "checksums/ChosenAlgorithms.h"
+#include "checksums/OpenSslChecksumsViewModel.h"
+#include "support/IsolatedConfig.h"
 
 #include <QSignalSpy>
 #include <QTest>

@@ -1,8 +1,8 @@
-#include "ChecksumRun.h"
-#include "ChecksumSelection.h"
 #include "ChecksumTesting.h"
-#include "OpenSslChecksumsViewModel.h"
-#include "OpenSslReader.h"
+#include "checksums/ChecksumRun.h"
+#include "checksums/ChecksumSelection.h"
+#include "checksums/OpenSslChecksumsViewModel.h"
+#include "support/OpenSslReader.h"
 
 #include <QCoreApplication>
 #include <QElapsedTimer>

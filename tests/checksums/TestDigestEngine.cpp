@@ -1,5 +1,5 @@
-#include "OpenSslReader.h"
-#include "digest_engine.h"
+#include "checksums/digest_engine.h"
+#include "support/OpenSslReader.h"
 
 #include <QFile>
 #include <QMap>

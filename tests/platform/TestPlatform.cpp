@@ -1,12 +1,12 @@
-#include "ApplicationData.h"
-#include "CaretBlink.h"
-#include "Coroutines.h"
-#include "DesktopColorScheme.h"
-#include "FilePicker.h"
-#include "HResultError.h"
-#include "IsolatedConfig.h"
-#include "Package.h"
-#include "PortalFileChooser.h"
+#include "platform/ApplicationData.h"
+#include "platform/CaretBlink.h"
+#include "platform/Coroutines.h"
+#include "platform/DesktopColorScheme.h"
+#include "platform/FilePicker.h"
+#include "platform/HResultError.h"
+#include "platform/Package.h"
+#include "platform/PortalFileChooser.h"
+#include "support/IsolatedConfig.h"
 
 #include <QApplication>
 #include <QCoreApplication>

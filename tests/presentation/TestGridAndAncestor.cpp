@@ -1,7 +1,7 @@
-#include "AncestorSource.h"
-#include "DefinitionGrid.h"
-#include "GridHelpers.h"
-#include "HResultError.h"
+#include "platform/HResultError.h"
+#include "presentation/AncestorSource.h"
+#include "presentation/DefinitionGrid.h"
+#include "presentation/GridHelpers.h"
 
 #include <QQmlComponent>
 #include <QQmlEngine>

@@ -1,5 +1,5 @@
-#include "Helpers.h"
-#include "InverseBooleanToVisibilityConverter.h"
+#include "presentation/Helpers.h"
+#include "presentation/InverseBooleanToVisibilityConverter.h"
 
 #include <QProcess>
 #include <QQmlComponent>

@@ -1,4 +1,4 @@
-#include "TitleBarGeometry.h"
+#include "shell/TitleBarGeometry.h"
 
 #include <QTest>
 

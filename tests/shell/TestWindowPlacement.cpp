@@ -1,5 +1,5 @@
-#include "ApplicationData.h"
-#include "WindowPlacement.h"
+#include "platform/ApplicationData.h"
+#include "shell/WindowPlacement.h"
 
 #include <QTemporaryDir>
 #include <QTest>

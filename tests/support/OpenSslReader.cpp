@@ -1,4 +1,4 @@
-#include "OpenSslReader.h"
+#include "support/OpenSslReader.h"
 
 #include <QDir>
 #include <QFile>

@@ -3,7 +3,7 @@
 // Reads what the certificate engine wrote, with OpenSSL's own parsers and the
 // openssl command, so that the tests check the files and not our code.
 
-#include "openssl_ptr.h"
+#include "certs/openssl_ptr.h"
 
 #include <QString>
 #include <QStringList>

@@ -3,8 +3,8 @@
 // Drives the real window the way a user does: mouse clicks at an item's
 // centre, keys, and a page opened through the navigation.
 
-#include "NavigationView.h"
-#include "PageFrame.h"
+#include "shell/NavigationView.h"
+#include "shell/PageFrame.h"
 
 #include <QAccessible>
 #include <QQuickItem>

@@ -1,6 +1,6 @@
-#include "ProductIdentity.h"
+#include "platform/ProductIdentity.h"
 
-#include "BuildInfo.h"
+#include "platform/BuildInfo.h"
 
 namespace Zorvane::ProductIdentity {
 
