@@ -25,8 +25,8 @@ OpenSslChecksumsPage::OpenSslChecksumsPage(QQuickItem* parent)
             [this] { CalculateChecksums(this); });
     // The size text follows the size, one way; a run wipes it in between.
     connect(m_viewModel.get(), &OpenSslChecksumsViewModel::FileSizeChanged, this, [this] {
-        if (QObject* size = named("sizeOutput")) {
-            size->setProperty("text", QString::number(m_viewModel->FileSize()));
+        if (m_sizeOutput.item() != nullptr) {
+            m_sizeOutput.setText(QString::number(m_viewModel->FileSize()));
         }
     });
 }
@@ -39,9 +39,13 @@ OpenSslChecksumsPage::~OpenSslChecksumsPage()
     }
 }
 
-QObject* OpenSslChecksumsPage::named(const char* name) const
+void OpenSslChecksumsPage::componentComplete()
 {
-    return findChild<QObject*>(QLatin1String(name));
+    QQuickItem::componentComplete();
+    m_fileButton = RequireControl(this, "FileButton");
+    m_fileNameBox = TextControl(this, "fileNameBox");
+    m_sizeLabel = TextControl(this, "SizeLabel");
+    m_sizeOutput = TextControl(this, "sizeOutput");
 }
 
 bool OpenSslChecksumsPage::noPackageIdentity() const
@@ -68,9 +72,7 @@ void OpenSslChecksumsPage::itemChange(ItemChange change, const ItemChangeData& d
 void OpenSslChecksumsPage::OnLoaded()
 {
     ClearSizeText();
-    if (auto* fileButton = qobject_cast<QQuickItem*>(named("FileButton"))) {
-        fileButton->forceActiveFocus(Qt::OtherFocusReason);
-    }
+    m_fileButton->forceActiveFocus(Qt::OtherFocusReason);
     LoadChosenAlgorithms(*m_viewModel, noPackageIdentity());
 }
 
@@ -81,9 +83,7 @@ void OpenSslChecksumsPage::OnUnloaded()
 
 void OpenSslChecksumsPage::ClearSizeText()
 {
-    if (QObject* size = named("sizeOutput")) {
-        size->setProperty("text", QString());
-    }
+    m_sizeOutput.setText(QString());
 }
 
 FireAndForget OpenSslChecksumsPage::SelectFileAsync()
@@ -97,10 +97,8 @@ FireAndForget OpenSslChecksumsPage::SelectFileAsync()
         co_return; // cancelled: the old file and its results stay
     }
     page->m_file = *picked;
-    if (QObject* name = page->named("fileNameBox")) {
-        // Shown as text; bytes that are not UTF-8 show as replacement marks.
-        name->setProperty("text", QFile::decodeName(*picked));
-    }
+    // Shown as text; bytes that are not UTF-8 show as replacement marks.
+    page->m_fileNameBox.setText(QFile::decodeName(*picked));
     CalculateChecksums(page);
 }
 
@@ -121,12 +119,9 @@ void OpenSslChecksumsPage::SelectNoneClick()
 
 void OpenSslChecksumsPage::CopyAllClick()
 {
-    const QString sizeLabel = named("SizeLabel")->property("text").toString();
-    const QString sizeText = named("sizeOutput")->property("text").toString();
-    const QString report = ChecksumReport::Text(QFile::decodeName(m_file), sizeLabel, sizeText,
-                                                *m_viewModel->HashAlgos());
-    Clipboard::SetContent(
-        ChecksumReport::Package(named("fileNameBox")->property("text").toString(), report));
+    const QString report = ChecksumReport::Text(QFile::decodeName(m_file), m_sizeLabel.text(),
+                                                m_sizeOutput.text(), *m_viewModel->HashAlgos());
+    Clipboard::SetContent(ChecksumReport::Package(m_fileNameBox.text(), report));
 }
 
 void OpenSslChecksumsPage::CopyTextClick(QObject* sender)

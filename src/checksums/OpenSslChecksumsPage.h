@@ -2,6 +2,7 @@
 
 #include "checksums/ChecksumRun.h"
 #include "checksums/OpenSslChecksumsViewModel.h"
+#include "platform/Controls.h"
 #include "platform/Coroutines.h"
 
 #include <QPointer>
@@ -42,17 +43,22 @@ public:
     void ClearSizeText() override;
 
 protected:
+    void componentComplete() override;
     void itemChange(ItemChange change, const ItemChangeData& data) override;
 
 private:
     FireAndForget SelectFileAsync();
     void OnLoaded();
     void OnUnloaded();
-    QObject* named(const char* name) const;
     bool noPackageIdentity() const;
 
     std::shared_ptr<OpenSslChecksumsViewModel> m_viewModel;
     QByteArray m_file; ///< the file system's bytes
+    // The markup's controls that the code uses, resolved once at load.
+    QQuickItem* m_fileButton = nullptr;
+    TextControl m_fileNameBox;
+    TextControl m_sizeLabel;
+    TextControl m_sizeOutput;
     bool m_loaded = false;
 };
 

@@ -2,6 +2,7 @@
 
 #include "certs/output_paths.h"
 #include "certs/request_builder.h"
+#include "platform/Controls.h"
 #include "platform/Focus.h"
 #include "platform/GenerationFlow.h"
 
@@ -21,12 +22,18 @@ CertSigningRequestPage::CertSigningRequestPage(QQuickItem* parent)
     setFlag(ItemIsFocusScope);
 }
 
+void CertSigningRequestPage::componentComplete()
+{
+    QQuickItem::componentComplete();
+    m_commonName = RequireControl(this, "CommonNameCtrl");
+}
+
 void CertSigningRequestPage::itemChange(ItemChange change, const ItemChangeData& data)
 {
     QQuickItem::itemChange(change, data);
     if (change == ItemSceneChange && data.window != nullptr) {
         // Loaded: the focus goes to the name.
-        FocusNamedItemLater(this, QStringLiteral("CommonNameCtrl"));
+        FocusLater(m_commonName);
     }
 }
 

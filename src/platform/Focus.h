@@ -1,22 +1,16 @@
 #pragma once
 
+#include <QPointer>
 #include <QQuickItem>
-#include <QString>
 
 namespace Zorvane {
 
-// Gives the named element under root the keyboard focus from the event loop,
-// once the page it stands on has settled into its window.
-inline void FocusNamedItemLater(QQuickItem* root, const QString& name)
+// Gives the item the keyboard focus from the event loop, once the page it
+// stands on has settled into its window.
+inline void FocusLater(QQuickItem* item)
 {
     QMetaObject::invokeMethod(
-        root,
-        [root, name] {
-            if (auto* item = root->findChild<QQuickItem*>(name)) {
-                item->forceActiveFocus(Qt::OtherFocusReason);
-            }
-        },
-        Qt::QueuedConnection);
+        item, [item] { item->forceActiveFocus(Qt::OtherFocusReason); }, Qt::QueuedConnection);
 }
 
 } // namespace Zorvane

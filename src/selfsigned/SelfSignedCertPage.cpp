@@ -2,6 +2,7 @@
 
 #include "certs/output_paths.h"
 #include "certs/self_signed_builder.h"
+#include "platform/Controls.h"
 #include "platform/Focus.h"
 #include "platform/GenerationFlow.h"
 #include "platform/HResultError.h"
@@ -22,12 +23,18 @@ SelfSignedCertPage::SelfSignedCertPage(QQuickItem* parent)
     setFlag(ItemIsFocusScope);
 }
 
+void SelfSignedCertPage::componentComplete()
+{
+    QQuickItem::componentComplete();
+    m_commonName = RequireControl(this, "CommonNameCtrl");
+}
+
 void SelfSignedCertPage::itemChange(ItemChange change, const ItemChangeData& data)
 {
     QQuickItem::itemChange(change, data);
     if (change == ItemSceneChange && data.window != nullptr) {
         // Loaded: the focus goes to the name.
-        FocusNamedItemLater(this, QStringLiteral("CommonNameCtrl"));
+        FocusLater(m_commonName);
     }
 }
 

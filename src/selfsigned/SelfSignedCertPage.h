@@ -25,12 +25,14 @@ public:
     Q_INVOKABLE void OnGenerateClick(QObject* sender) { GenerateAsync(sender); }
 
 protected:
+    void componentComplete() override;
     void itemChange(ItemChange change, const ItemChangeData& data) override;
 
 private:
     FireAndForget GenerateAsync(QObject* sender);
 
     SelfSignedCertViewModel* m_viewModel;
+    QQuickItem* m_commonName = nullptr; ///< resolved once, at load
 };
 
 } // namespace Zorvane

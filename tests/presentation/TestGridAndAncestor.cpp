@@ -129,11 +129,11 @@ private Q_SLOTS:
     {
         QTest::addColumn<QString>("wanted");
         QTest::addColumn<QString>("found"); // objectName of the ancestor, empty for none
-        QTest::newRow("nearer one wins") << u"Zorvane.SelfSignedCertPage"_s << u"near"_s;
-        QTest::newRow("other case") << u"zorvane.selfsignedcertpage"_s << QString();
+        QTest::newRow("nearer one wins") << u"Zorvane.DefinitionGrid"_s << u"near"_s;
+        QTest::newRow("other case") << u"zorvane.definitiongrid"_s << QString();
         QTest::newRow("base class does not count") << u"QQuickItem"_s << u"plain"_s;
         QTest::newRow("another class, farther up")
-            << u"Zorvane.CertSigningRequestPage"_s << u"middle"_s;
+            << u"Zorvane.NavigationViewItem"_s << u"middle"_s;
         QTest::newRow("none: context cleared") << u"Zorvane.Nothing"_s << QString();
     }
 
@@ -143,13 +143,13 @@ private Q_SLOTS:
         QFETCH(QString, found);
         QQmlEngine engine;
         QQmlComponent component(&engine);
-        // The probe stands in a plain item inside the nearer page: the
+        // The probe stands in a plain item inside the nearer grid: the
         // plain item is the nearest QQuickItem by its most derived class.
         component.setData(
             "import QtQuick\nimport Zorvane\n"
-            "SelfSignedCertPage { objectName: \"far\"\n"
-            " CertSigningRequestPage { objectName: \"middle\"\n"
-            "  SelfSignedCertPage { objectName: \"near\"\n"
+            "DefinitionGrid { objectName: \"far\"\n"
+            " NavigationViewItem { objectName: \"middle\"\n"
+            "  DefinitionGrid { objectName: \"near\"\n"
             "   Item { objectName: \"plain\"; Item { objectName: \"probe\" } } } } }\n",
             QUrl());
         std::unique_ptr<QObject> root(component.create());
@@ -158,7 +158,7 @@ private Q_SLOTS:
         QQuickWindow window;
 
         // Not shown yet: the search waits for the first showing.
-        AncestorSource::SetAncestorType(probe, u"Zorvane.CertSigningRequestPage"_s);
+        AncestorSource::SetAncestorType(probe, u"Zorvane.NavigationViewItem"_s);
         QCOMPARE(AncestorSource::GetDataContext(probe), nullptr);
         qobject_cast<QQuickItem*>(root.get())->setParentItem(window.contentItem());
         QCOMPARE(AncestorSource::GetDataContext(probe)->objectName(), u"middle"_s);

@@ -14,6 +14,9 @@
 #include <QFile>
 #include <QGuiApplication>
 #include <QPalette>
+#include <QProcess>
+#include <QQmlComponent>
+#include <QQmlEngine>
 #include <QQmlProperty>
 #include <QQuickItem>
 #include <QQuickWindow>
@@ -23,6 +26,7 @@
 #include <QTest>
 #include <QtQml/qqmlextensionplugin.h>
 
+#include <cstring>
 #include <memory>
 
 Q_IMPORT_QML_PLUGIN(ZorvanePlugin)
@@ -346,7 +350,60 @@ private Q_SLOTS:
         QCOMPARE(SplitSearchText(text), tokens);
         QVERIFY(!MatchesAnyToken({QString()}, u"anything"_s));
     }
+
+    // A page resolves the controls its code uses once, as its markup loads: a
+    // markup without one ends the process there, not in a later handler.
+    void pageMarkupWithoutItsControls_data()
+    {
+        QTest::addColumn<QString>("page");
+        QTest::addColumn<QString>("control");
+        QTest::newRow("self-signed") << u"SelfSignedCertPage"_s << u"CommonNameCtrl"_s;
+        QTest::newRow("request") << u"CertSigningRequestPage"_s << u"CommonNameCtrl"_s;
+        QTest::newRow("checksums") << u"OpenSslChecksumsPage"_s << u"FileButton"_s;
+        QTest::newRow("checksums, a control without text")
+            << u"OpenSslChecksumsPage { Item { objectName: \"FileButton\" }\n"
+               u" Item { objectName: \"fileNameBox\" } }"_s
+            << u"text in control fileNameBox"_s;
+    }
+
+    void pageMarkupWithoutItsControls()
+    {
+        QFETCH(QString, page);
+        QFETCH(QString, control);
+        QProcess child;
+        child.setProcessChannelMode(QProcess::MergedChannels);
+        child.start(QCoreApplication::applicationFilePath(), {u"--load"_s, page});
+        QVERIFY(child.waitForFinished(30000));
+        const QString output = QString::fromUtf8(child.readAll());
+        QCOMPARE(child.exitStatus(), QProcess::CrashExit);
+        QVERIFY2(output.contains(u"fail-fast 0x80004002: "_s) && output.contains(control),
+                 qPrintable(output));
+    }
 };
 
-QTEST_MAIN(TestMainWindow)
+// "--load MARKUP": a page's root type with the markup given, loaded alone.
+static int loadMarkup(int argc, char** argv)
+{
+    QGuiApplication app(argc, argv);
+    QQmlEngine engine;
+    QQmlComponent component(&engine);
+    const QByteArray markup(argv[2]);
+    component.setData("import QtQuick\nimport Zorvane\n" +
+                          (markup.contains('{') ? markup : markup + " {}"),
+                      QUrl());
+    std::unique_ptr<QObject> page(component.create());
+    qWarning() << "loaded" << component.errorString();
+    return 0;
+}
+
+int main(int argc, char** argv)
+{
+    if (argc == 3 && std::strcmp(argv[1], "--load") == 0) {
+        return loadMarkup(argc, argv);
+    }
+    QGuiApplication app(argc, argv);
+    TestMainWindow test;
+    QTEST_SET_MAIN_SOURCE_PATH
+    return QTest::qExec(&test, argc, argv);
+}
 #include "TestMainWindow.moc"
