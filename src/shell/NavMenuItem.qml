@@ -11,7 +11,7 @@ NavigationViewItem {
     activeFocusOnTab: true
 
     Accessible.role: Accessible.PageTab
-    Accessible.name: item.Content
+    Accessible.name: item.content
     Accessible.selected: item.IsSelected
     Accessible.onPressAction: item.invoke()
 
@@ -45,7 +45,7 @@ NavigationViewItem {
             anchors.leftMargin: 14
             anchors.rightMargin: 8
             verticalAlignment: Text.AlignVCenter
-            text: item.Content
+            text: item.content
             elide: Text.ElideRight
             color: palette.windowText
             font.pixelSize: 14

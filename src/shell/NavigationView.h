@@ -15,18 +15,16 @@ class NavigationView : public QQuickItem
     Q_OBJECT
     QML_ELEMENT
 
+    // The list, the host and the header are spelt in lower case for the
+    // markup, where an upper-case name before an object reads as an attached
+    // object; the C++ members keep their own names.
     /// The pane's entries in order: page entries and anything else (a heading).
-    Q_PROPERTY(QQmlListProperty<QQuickItem> MenuItems READ menuItemsProperty)
-    // Markup spells the list, the host and the header in lower case: an
-    // upper-case name before an object reads as an attached object there.
     Q_PROPERTY(QQmlListProperty<QQuickItem> menuItems READ menuItemsProperty)
     /// Where the entries are laid out.
-    Q_PROPERTY(QQuickItem* MenuHost READ MenuHost WRITE setMenuHost NOTIFY MenuHostChanged)
     Q_PROPERTY(QQuickItem* menuHost READ MenuHost WRITE setMenuHost NOTIFY MenuHostChanged)
     Q_PROPERTY(
         QObject* SelectedItem READ SelectedItem WRITE setSelectedItem NOTIFY SelectedItemChanged)
     /// The element above the content that shows the current page's label.
-    Q_PROPERTY(QObject* Header READ Header WRITE setHeader NOTIFY HeaderChanged)
     Q_PROPERTY(QObject* header READ Header WRITE setHeader NOTIFY HeaderChanged)
     Q_PROPERTY(bool IsPaneOpen READ IsPaneOpen WRITE setIsPaneOpen NOTIFY IsPaneOpenChanged)
     Q_PROPERTY(bool IsPaneToggleButtonVisible READ IsPaneToggleButtonVisible WRITE

@@ -12,14 +12,13 @@ class NavigationViewItem : public QQuickItem
     Q_OBJECT
     QML_ELEMENT
 
+    // Tag and Content are spelt in lower case for the markup, where some
+    // upper-case names read as attached objects.
     /// Full type name of the page this entry shows.
-    Q_PROPERTY(QVariant Tag READ Tag WRITE setTag NOTIFY TagChanged)
-    /// The label, in the pane and in the header.
-    Q_PROPERTY(QVariant Content READ Content WRITE setContent NOTIFY ContentChanged)
-    Q_PROPERTY(bool IsSelected READ IsSelected NOTIFY IsSelectedChanged)
-    // The same two for markup, where some upper-case names read as attached objects.
     Q_PROPERTY(QVariant tag READ Tag WRITE setTag NOTIFY TagChanged)
+    /// The label, in the pane and in the header.
     Q_PROPERTY(QVariant content READ Content WRITE setContent NOTIFY ContentChanged)
+    Q_PROPERTY(bool IsSelected READ IsSelected NOTIFY IsSelectedChanged)
 
 public:
     explicit NavigationViewItem(QQuickItem* parent = nullptr);
