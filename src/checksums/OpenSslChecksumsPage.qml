@@ -77,16 +77,17 @@ OpenSslChecksumsPage {
                         model: page.ViewModel.AvailableHashAlgos
 
                         CheckBox {
+                            // Read with ?.: the catalogue goes before its rows when the page does.
                             required property HashAlgo algo
 
-                            objectName: "Check_" + algo.ShortName
+                            objectName: "Check_" + (algo?.ShortName ?? "")
                             width: parent ? parent.width : 0
-                            text: algo.ShortName
-                            checked: algo.Checked
-                            Accessible.name: algo.ShortName
+                            text: (algo?.ShortName ?? "")
+                            checked: (algo?.Checked ?? false)
+                            Accessible.name: (algo?.ShortName ?? "")
                             ToolTip.visible: hovered
                             ToolTip.delay: 600
-                            ToolTip.text: Helpers.FormatString("Calculate {0} checksum", algo.Description, Helpers.UserLocaleName)
+                            ToolTip.text: Helpers.FormatString("Calculate {0} checksum", (algo?.Description ?? ""), Helpers.UserLocaleName)
                             // A tick by mouse, keyboard or an assistive tool
                             // changes the selection, and so starts a run.
                             function choose() {
@@ -209,17 +210,18 @@ OpenSslChecksumsPage {
                         DefinitionGrid {
                             id: resultRow
 
+                            // Read with ?.: the catalogue goes before its rows when the page does.
                             required property HashAlgo algo
 
-                            objectName: "Row_" + algo.ShortName
+                            objectName: "Row_" + (algo?.ShortName ?? "")
                             width: parent ? parent.width : 0
                             columns: "150,*,Auto"
-                            visible: Helpers.BooleanToVisibility(algo.Checked) === 0
+                            visible: Helpers.BooleanToVisibility((algo?.Checked ?? false)) === 0
 
                             TextEdit {
-                                objectName: "Value_" + resultRow.algo.ShortName
+                                objectName: "Value_" + (resultRow.algo?.ShortName ?? "")
                                 DefinitionGrid.column: 1
-                                text: resultRow.algo.Checksum
+                                text: (resultRow.algo?.Checksum ?? "")
                                 readOnly: true
                                 selectByMouse: true
                                 wrapMode: TextEdit.WrapAnywhere
@@ -228,22 +230,22 @@ OpenSslChecksumsPage {
                                 selectionColor: palette.highlight
                                 Accessible.role: Accessible.StaticText
                                 Accessible.name: text
-                                Accessible.description: resultRow.algo.ShortName + " checksum"
+                                Accessible.description: (resultRow.algo?.ShortName ?? "") + " checksum"
                             }
                             ToolButton {
-                                objectName: "Copy_" + resultRow.algo.ShortName
+                                objectName: "Copy_" + (resultRow.algo?.ShortName ?? "")
                                 DefinitionGrid.column: 2
                                 text: "Copy"
-                                visible: Helpers.StringToVisibility(resultRow.algo.Checksum) === 0
+                                visible: Helpers.StringToVisibility((resultRow.algo?.Checksum ?? "")) === 0
                                 Accessible.name: ToolTip.text
                                 Accessible.onPressAction: if (enabled) clicked()
                                 ToolTip.visible: hovered
-                                ToolTip.text: Helpers.FormatString("Copy {0}", resultRow.algo.ShortName, Helpers.UserLocaleName)
+                                ToolTip.text: Helpers.FormatString("Copy {0}", (resultRow.algo?.ShortName ?? ""), Helpers.UserLocaleName)
                                 onClicked: page.CopyTextClick(this)
                             }
                             Label {
                                 DefinitionGrid.column: 0
-                                text: Helpers.FormatString("{0}:", resultRow.algo.ShortName, Helpers.UserLocaleName)
+                                text: Helpers.FormatString("{0}:", (resultRow.algo?.ShortName ?? ""), Helpers.UserLocaleName)
                                 topPadding: 2
                             }
                         }

@@ -8,7 +8,7 @@
 #include "shell/MainWindow.h"
 #include "shell/NavigationView.h"
 #include "shell/PageFrame.h"
-#include "support/IsolatedConfig.h"
+#include "support/AppFixture.h"
 #include "support/OpenSslReader.h"
 #include "support/WindowDriver.h"
 
@@ -40,53 +40,19 @@ class TestChecksumPage : public QObject
 {
     Q_OBJECT
 
-    IsolatedConfig m_config;
-    std::unique_ptr<App> m_app;
-    QQuickWindow* m_window = nullptr;
-    QTemporaryDir m_dir;
+    AppFixture m_app;
     QString m_file;
-    QList<FilePickRequest> m_requests;
-    std::optional<QByteArray> m_answer;
 
-    OpenSslChecksumsPage* page() const
-    {
-        return qobject_cast<OpenSslChecksumsPage*>(currentPage(m_window));
-    }
-
-    QQuickItem* item(const QString& name) const
-    {
-        QQuickItem* found = findItem(page(), name);
-        if (found == nullptr) {
-            qWarning() << "no item" << name;
-        }
-        return found;
-    }
-    QString text(const QString& name) const { return item(name)->property("text").toString(); }
-
-    void open()
-    {
-        openFresh(m_window, 3);
-        QTRY_VERIFY(page() && item(u"FileButton"_s)->hasActiveFocus());
-    }
-
-    void click(QQuickItem* target) { clickItem(m_window, target); }
-
-    // Clicks and waits for the run it starts to end.
+    OpenSslChecksumsPage* page() const { return qobject_cast<OpenSslChecksumsPage*>(m_app.page()); }
+    QQuickItem* item(const QString& name) const { return m_app.control(name); }
+    QString text(const QString& name) const { return m_app.text(name); }
+    void open() { QVERIFY(m_app.open(3, u"FileButton"_s)); }
+    void click(QQuickItem* target) { m_app.click(target); }
     void clickAndWait(QQuickItem* target)
     {
         actAndWait([&] { click(target); });
     }
-
-    // Runs the action and waits for the run it starts to end.
-    void actAndWait(const std::function<void()>& action)
-    {
-        QStringList states;
-        const auto connection = connect(page(), &QQuickItem::stateChanged, this,
-                                        [&](const QString& s) { states << s; });
-        action();
-        QTRY_VERIFY_WITH_TIMEOUT(states.contains(u"Normal"_s), 60000);
-        disconnect(connection);
-    }
+    void actAndWait(const std::function<void()>& action) { QVERIFY(m_app.actAndWait(action)); }
 
     QString expected(const QString& digest) const
     {
@@ -100,26 +66,12 @@ class TestChecksumPage : public QObject
 private Q_SLOTS:
     void initTestCase()
     {
-        m_file = m_dir.filePath(u"data.bin"_s);
+        m_file = m_app.dir.filePath(u"data.bin"_s);
         QFile data(m_file);
         QVERIFY(data.open(QIODevice::WriteOnly));
         data.write(QByteArray(1234567, 'z'));
         data.close();
-        SetFilePickHandler([this](QWindow*, const FilePickRequest& request, FilePickDone done) {
-            m_requests << request;
-            done(m_answer);
-        });
-        m_app = std::make_unique<App>();
-        m_app->OnLaunched();
-        m_window = m_app->Window()->Window();
-        QVERIFY(QTest::qWaitForWindowExposed(m_window));
-        m_window->resize(1100, 720); // the wide layout
-    }
-
-    void cleanupTestCase()
-    {
-        SetFilePickHandler({});
-        m_app.reset();
+        QVERIFY(m_app.start());
     }
 
     void firstShowing()
@@ -137,13 +89,13 @@ private Q_SLOTS:
     void cancelledPickerChangesNothing()
     {
         open();
-        m_answer.reset();
-        m_requests.clear();
+        m_app.answer.reset();
+        m_app.requests.clear();
         QStringList states;
         connect(page(), &QQuickItem::stateChanged, this, [&](const QString& s) { states << s; });
         click(item(u"FileButton"_s));
-        QTRY_COMPARE(m_requests.size(), 1);
-        QCOMPARE(m_requests.first().mode, FilePickRequest::Mode::Open);
+        QTRY_COMPARE(m_app.requests.size(), 1);
+        QCOMPARE(m_app.requests.first().mode, FilePickRequest::Mode::Open);
         QTest::qWait(50);
         QCOMPARE(states, QStringList{});
         QCOMPARE(text(u"fileNameBox"_s), QString());
@@ -153,10 +105,10 @@ private Q_SLOTS:
     {
         open();
         // The same file under a name that is not UTF-8: its bytes reach open(2).
-        m_answer = QFile::encodeName(m_dir.path()) + "/data \xff.bin";
-        QCOMPARE(::link(QFile::encodeName(m_file).constData(), m_answer->constData()), 0);
+        m_app.answer = QFile::encodeName(m_app.dir.path()) + "/data \xff.bin";
+        QCOMPARE(::link(QFile::encodeName(m_file).constData(), m_app.answer->constData()), 0);
         clickAndWait(item(u"FileButton"_s));
-        QCOMPARE(text(u"fileNameBox"_s), m_dir.filePath(u"data \ufffd.bin"_s));
+        QCOMPARE(text(u"fileNameBox"_s), m_app.dir.filePath(u"data \ufffd.bin"_s));
         QCOMPARE(text(u"sizeOutput"_s), u"1234567"_s); // the size with no rows
         QVERIFY(item(u"SizeCopyButton"_s)->isVisible());
 
@@ -176,13 +128,13 @@ private Q_SLOTS:
         clickAndWait(item(u"NoneButton"_s));
         QVERIFY(!item(u"Row_SHA2-256"_s)->isVisible());
         QCOMPARE(text(u"sizeOutput"_s), u"1234567"_s);
-        ::unlink(m_answer->constData()); // the temporary folder cannot spell it
+        ::unlink(m_app.answer->constData()); // the temporary folder cannot spell it
     }
 
     void copyAllAndOneValue()
     {
         open();
-        m_answer = QFile::encodeName(m_file);
+        m_app.answer = QFile::encodeName(m_file);
         clickAndWait(item(u"FileButton"_s));
         clickAndWait(item(u"Check_SHA1"_s));
         clickAndWait(item(u"Check_MD5"_s));
@@ -205,15 +157,15 @@ private Q_SLOTS:
     void everyControlByKeyboardWithAName()
     {
         open();
-        m_answer = QFile::encodeName(m_file);
+        m_app.answer = QFile::encodeName(m_file);
         // The file button has the focus. While the run lasts the other
         // buttons are disabled, and Tab passes them by.
-        actAndWait([&] { QTest::keyClick(m_window, Qt::Key_Space); });
+        actAndWait([&] { QTest::keyClick(m_app.window, Qt::Key_Space); });
         QCOMPARE(text(u"fileNameBox"_s), m_file);
         QSet<QString> reached;
         for (int i = 0; i < 40; ++i) {
-            QTest::keyClick(m_window, Qt::Key_Tab);
-            QQuickItem* focus = m_window->activeFocusItem();
+            QTest::keyClick(m_app.window, Qt::Key_Tab);
+            QQuickItem* focus = m_app.window->activeFocusItem();
             QAccessibleInterface* accessible = QAccessible::queryAccessibleInterface(focus);
             QVERIFY2(accessible && !accessible->text(QAccessible::Name).isEmpty(),
                      qPrintable(focus->objectName()));
@@ -224,10 +176,10 @@ private Q_SLOTS:
             QVERIFY2(reached.contains(name), qPrintable(name));
         }
         // Space ticks a digest and starts a run, as a click does.
-        while (m_window->activeFocusItem()->objectName() != u"Check_MD5"_s) {
-            QTest::keyClick(m_window, Qt::Key_Tab);
+        while (m_app.window->activeFocusItem()->objectName() != u"Check_MD5"_s) {
+            QTest::keyClick(m_app.window, Qt::Key_Tab);
         }
-        QTest::keyClick(m_window, Qt::Key_Space);
+        QTest::keyClick(m_app.window, Qt::Key_Space);
         QTRY_COMPARE(text(u"Value_MD5"_s), expected(u"MD5"_s));
     }
 
@@ -243,7 +195,7 @@ private Q_SLOTS:
     {
         QFETCH(QString, action);
         open();
-        m_answer = QFile::encodeName(m_file);
+        m_app.answer = QFile::encodeName(m_file);
         clickAndWait(item(u"FileButton"_s));
         QAccessibleInterface* box = QAccessible::queryAccessibleInterface(item(u"Check_MD5"_s));
         QVERIFY(box && box->actionInterface());
@@ -258,7 +210,7 @@ private Q_SLOTS:
     void resultsAndButtonsThroughAccessibility()
     {
         open();
-        m_answer = QFile::encodeName(m_file);
+        m_app.answer = QFile::encodeName(m_file);
         actAndWait([&] { QVERIFY(accessiblePress(item(u"FileButton"_s))); });
         actAndWait([&] {
             QVERIFY(
@@ -287,7 +239,7 @@ private Q_SLOTS:
     void inProgressDisables()
     {
         open();
-        m_answer = QFile::encodeName(m_file);
+        m_app.answer = QFile::encodeName(m_file);
         clickAndWait(item(u"FileButton"_s));
         const QStringList controls{u"FileButton"_s, u"AllButton"_s, u"NoneButton"_s,
                                    u"Check_SHA1"_s, u"CopyAllButton"_s};
@@ -311,7 +263,7 @@ private Q_SLOTS:
         QTest::qWait(400);                   // what may still fade, fades
         int frames = 0;
         const auto counting =
-            connect(m_window, &QQuickWindow::frameSwapped, this, [&] { ++frames; });
+            connect(m_app.window, &QQuickWindow::frameSwapped, this, [&] { ++frames; });
         QTest::qWait(1000);
         disconnect(counting);
         QCOMPARE(frames, 0);

@@ -1,0 +1,118 @@
+#pragma once
+
+// The application with its window as the page and shell suites drive it: a
+// configuration folder of its own, the file picker answered and the reveal
+// watched by the test, the mouse and keys of WindowDriver.h.
+
+#include "platform/FileManager.h"
+#include "platform/FilePicker.h"
+#include "shell/App.h"
+#include "shell/MainWindow.h"
+#include "support/IsolatedConfig.h"
+#include "support/WindowDriver.h"
+
+#include <QFile>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <functional>
+#include <memory>
+#include <optional>
+
+namespace Zorvane::Testing {
+
+class AppFixture
+{
+public:
+    IsolatedConfig config;
+    QTemporaryDir dir;
+    std::unique_ptr<App> app;
+    QQuickWindow* window = nullptr;
+    QList<FilePickRequest> requests;  ///< what the picker was asked
+    std::optional<QByteArray> answer; ///< what it answers; nothing is a cancel
+    QList<QList<QByteArray>> reveals; ///< what the file manager was asked to show
+
+    // Starts the program's window in the wide layout that the suites expect.
+    bool start()
+    {
+        SetFilePickHandler([this](QWindow*, const FilePickRequest& request, FilePickDone done) {
+            requests << request;
+            done(answer);
+        });
+        FileManager::SetRevealHandler([this](const QList<QByteArray>& paths) { reveals << paths; });
+        app = std::make_unique<App>();
+        app->OnLaunched();
+        window = app->Window()->Window();
+        if (!QTest::qWaitForWindowExposed(window)) {
+            return false;
+        }
+        window->resize(1100, 720);
+        return QTest::qWaitFor([this] { return page() != nullptr; });
+    }
+
+    ~AppFixture()
+    {
+        SetFilePickHandler({});
+        FileManager::SetRevealHandler({});
+    }
+
+    QByteArray path(const QString& name) const { return QFile::encodeName(dir.filePath(name)); }
+    QQuickItem* page() const { return currentPage(window); }
+    QQuickItem* control(const QString& name) const
+    {
+        QQuickItem* found = findItem(page(), name);
+        if (found == nullptr) {
+            qWarning() << "no control" << name;
+        }
+        return found;
+    }
+    QQuickItem* control(const char* name) const { return control(QString::fromLatin1(name)); }
+    QString text(const QString& name) const { return control(name)->property("text").toString(); }
+
+    // Opens the entry with a new page and waits until the control has the focus.
+    bool open(int entry, const QString& focused)
+    {
+        openFresh(window, entry);
+        return QTest::qWaitFor([&] {
+            QQuickItem* item = page() != nullptr ? findItem(page(), focused) : nullptr;
+            return item != nullptr && item->hasActiveFocus();
+        });
+    }
+
+    void click(QQuickItem* item) const { clickItem(window, item); }
+    void type(QQuickItem* item, const QString& text) const
+    {
+        click(item);
+        typeText(window, text);
+    }
+
+    // Runs the action and waits for the page to be back in "Normal".
+    bool actAndWait(const std::function<void()>& action) const
+    {
+        bool normal = false;
+        const auto connection =
+            QObject::connect(page(), &QQuickItem::stateChanged,
+                             [&](const QString& state) { normal = normal || state == u"Normal"; });
+        action();
+        const bool ended = QTest::qWaitFor([&] { return normal; }, 60000);
+        QObject::disconnect(connection);
+        return ended;
+    }
+
+    // The page's states while the action runs, until done() holds.
+    QStringList statesDuring(const std::function<void()>& action,
+                             const std::function<bool()>& done) const
+    {
+        QStringList states;
+        const auto connection = QObject::connect(page(), &QQuickItem::stateChanged,
+                                                 [&](const QString& state) { states << state; });
+        action();
+        if (!QTest::qWaitFor(done, 120000)) {
+            states << QStringLiteral("(timed out)");
+        }
+        QObject::disconnect(connection);
+        return states;
+    }
+};
+
+} // namespace Zorvane::Testing
