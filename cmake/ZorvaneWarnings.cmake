@@ -14,13 +14,6 @@ if(ZORVANE_SANITIZE)
     add_link_options(-fsanitize=address,undefined -fno-sanitize-recover=all)
 endif()
 
-if(ZORVANE_FUZZ)
-    # Coverage for the fuzzer in everything a target links; the fuzz targets
-    # add the fuzzer's own main.
-    add_compile_options(-fsanitize=fuzzer-no-link)
-    add_link_options(-fsanitize=fuzzer-no-link)
-endif()
-
 add_compile_definitions(
     QT_NO_CAST_FROM_ASCII
     QT_NO_CAST_TO_ASCII
