@@ -8,7 +8,7 @@
 #include "shell/NavigationView.h"
 #include "shell/NavigationViewItem.h"
 #include "shell/PageFrame.h"
-#include "support/IsolatedConfig.h"
+#include "support/AppFixture.h"
 #include "support/WindowDriver.h"
 
 #include <QFile>
@@ -39,9 +39,9 @@ class TestMainWindow : public QObject
 {
     Q_OBJECT
 
-    Zorvane::Testing::IsolatedConfig m_config;
+    Testing::AppFixture m_fixture;
 
-    std::unique_ptr<App> m_app;
+    App* m_app = nullptr;
     QQuickWindow* m_window = nullptr;
     NavigationView* m_navView = nullptr;
     PageFrame* m_frame = nullptr;
@@ -75,26 +75,20 @@ private Q_SLOTS:
     void initTestCase()
     {
         QFile::remove(ApplicationData::Current().LocalSettingsValues().filePath());
-        m_app = std::make_unique<App>();
+        QVERIFY(m_fixture.start());
+        m_app = m_fixture.app.get();
         QVERIFY(m_app->NoPackageIdentity()); // a test binary has no installed manifest
-        m_app->OnLaunched();
         m_window = qobject_cast<QQuickWindow*>(m_app->MainWindowHandle());
-        QVERIFY(m_window);
-        QVERIFY(QTest::qWaitForWindowExposed(m_window));
+        QCOMPARE(m_window, m_fixture.window);
         // The first size fits the screen (800 x 800 offscreen), whatever the
-        // window was designed for.
-        const QRect available = m_window->screen()->availableGeometry();
-        QVERIFY(available.contains(m_window->frameGeometry()));
-        QCOMPARE(m_window->size(), QSize(720, 720));
-        m_window->resize(1100, 720); // the wide layout, which the tests below expect
+        // window was designed for; the fixture then takes the wide layout.
+        QCOMPARE(m_fixture.firstSize, QSize(720, 720));
         m_navView = named<NavigationView>("NavView");
         m_frame = named<PageFrame>("ContentFrame");
         m_searchBox = named("SearchBox");
         QVERIFY(m_navView && m_frame && m_searchBox);
         QTRY_VERIFY(m_frame->Content() != nullptr);
     }
-
-    void cleanupTestCase() { m_app.reset(); }
 
     void firstPageAtStart()
     {

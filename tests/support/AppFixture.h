@@ -31,6 +31,7 @@ public:
     QList<FilePickRequest> requests;  ///< what the picker was asked
     std::optional<QByteArray> answer; ///< what it answers; nothing is a cancel
     QList<QList<QByteArray>> reveals; ///< what the file manager was asked to show
+    QSize firstSize;                  ///< the window's size as the program chose it
 
     // Starts the program's window in the wide layout that the suites expect.
     bool start()
@@ -46,6 +47,7 @@ public:
         if (!QTest::qWaitForWindowExposed(window)) {
             return false;
         }
+        firstSize = window->size();
         window->resize(1100, 720);
         return QTest::qWaitFor([this] { return page() != nullptr; });
     }
