@@ -2,6 +2,7 @@
 #include "platform/CaretBlink.h"
 #include "platform/Coroutines.h"
 #include "platform/DesktopColorScheme.h"
+#include "platform/FileManager.h"
 #include "platform/FilePicker.h"
 #include "platform/HResultError.h"
 #include "platform/Package.h"
@@ -96,6 +97,19 @@ private:
     }
 };
 
+// Stands in for the file manager's D-Bus service.
+class FakeFileManager : public QObject
+{
+    Q_OBJECT
+    Q_CLASSINFO("D-Bus Interface", "org.freedesktop.FileManager1")
+
+public:
+    QStringList uris;
+
+public Q_SLOTS:
+    void ShowItems(const QStringList& shown, const QString&) { uris = shown; }
+};
+
 namespace {
 // One pick with no handler installed: the portal, or the toolkit's dialog.
 FireAndForget pickInto(FilePickRequest request, std::optional<QByteArray>* answer, bool* answered)
@@ -129,14 +143,14 @@ class TestPlatform : public QObject
     QProcess m_daemon;
     QByteArray m_address;
 
-    void registerPortal(QObject* fake)
+    void registerFake(QObject* fake, const QString& service = u"org.freedesktop.portal.Desktop"_s,
+                      const QString& path = u"/org/freedesktop/portal/desktop"_s)
     {
         QDBusConnection bus =
             QDBusConnection::connectToBus(QString::fromUtf8(m_address), u"fake"_s);
-        QVERIFY(bus.registerObject(u"/org/freedesktop/portal/desktop"_s, fake,
-                                   QDBusConnection::ExportAllSlots |
-                                       QDBusConnection::ExportAllSignals));
-        QVERIFY(bus.registerService(u"org.freedesktop.portal.Desktop"_s));
+        QVERIFY(bus.registerObject(
+            path, fake, QDBusConnection::ExportAllSlots | QDBusConnection::ExportAllSignals));
+        QVERIFY(bus.registerService(service));
     }
 
 private Q_SLOTS:
@@ -167,7 +181,7 @@ private Q_SLOTS:
 
         FakePortalSettings portal;
         portal.scheme = 1; // prefer dark
-        registerPortal(&portal);
+        registerFake(&portal);
         {
             DesktopColorScheme scheme;
             QTRY_VERIFY(scheme.IsDark());
@@ -213,7 +227,7 @@ private Q_SLOTS:
         FakeFileChooser portal;
         portal.response = response;
         portal.uris = uri.isEmpty() ? QStringList() : QStringList{uri};
-        registerPortal(&portal);
+        registerFake(&portal);
         FilePickRequest request = pemSave();
         if (!save) {
             request = {};
@@ -235,14 +249,22 @@ private Q_SLOTS:
 
     void cleanup()
     {
-        QDBusConnection fake(u"fake"_s);
-        if (fake.isConnected()) {
-            fake.unregisterService(u"org.freedesktop.portal.Desktop"_s);
-            fake.unregisterObject(u"/org/freedesktop/portal/desktop"_s);
-            QDBusConnection::disconnectFromBus(u"fake"_s);
-        }
+        // Whatever a fake registered goes with its connection.
+        QDBusConnection::disconnectFromBus(u"fake"_s);
         QFile::remove(manifestPath());
         QDir().rmpath(QFileInfo(manifestPath()).path());
+    }
+
+    // The file manager is shown the written files by URIs that keep every
+    // byte of their paths.
+    void revealKeepsThePathsBytes()
+    {
+        FakeFileManager fileManager;
+        registerFake(&fileManager, u"org.freedesktop.FileManager1"_s,
+                     u"/org/freedesktop/FileManager1"_s);
+        FileManager::ShowItems({"/tmp/caf\xe9 #1.crt", "/tmp/caf\xe9 #1.key"});
+        QTRY_COMPARE(fileManager.uris, (QStringList{u"file:///tmp/caf%E9%20%231.crt"_s,
+                                                    u"file:///tmp/caf%E9%20%231.key"_s}));
     }
 
     void fileUris_data()
