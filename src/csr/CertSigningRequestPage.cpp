@@ -37,23 +37,27 @@ void CertSigningRequestPage::itemChange(ItemChange change, const ItemChangeData&
     }
 }
 
+RequestSettings CopyRequestSettings(const CertSigningRequestViewModel& viewModel)
+{
+    RequestSettings settings;
+    settings.forDigitalSigning = viewModel.ForDigitalSigning();
+    settings.commonNameWide = viewModel.CommonName().toStdU16String();
+    settings.commonName = viewModel.CommonName().toStdString();
+    settings.altNames = viewModel.AltNames().toStdString();
+    settings.organization = viewModel.Organization().toStdString();
+    settings.organizationalUnit = viewModel.OrganizationalUnit().toStdString();
+    settings.location = viewModel.Location().toStdString();
+    settings.state = viewModel.State().toStdString();
+    settings.countryCode = viewModel.CountryCode().toStdString();
+    settings.passphrase = viewModel.Passphrase().toStdString();
+    return settings;
+}
+
 FireAndForget CertSigningRequestPage::GenerateAsync(QObject* sender)
 {
     static_cast<void>(sender); // one output form: the button is not read
 
-    // Copies first: what the user changes from here on has no effect on this
-    // run. The key size is not among them: a request's key is always 4096 bits.
-    auto settings = std::make_shared<RequestSettings>();
-    settings->forDigitalSigning = m_viewModel->ForDigitalSigning();
-    settings->commonNameWide = m_viewModel->CommonName().toStdU16String();
-    settings->commonName = m_viewModel->CommonName().toStdString();
-    settings->altNames = m_viewModel->AltNames().toStdString();
-    settings->organization = m_viewModel->Organization().toStdString();
-    settings->organizationalUnit = m_viewModel->OrganizationalUnit().toStdString();
-    settings->location = m_viewModel->Location().toStdString();
-    settings->state = m_viewModel->State().toStdString();
-    settings->countryCode = m_viewModel->CountryCode().toStdString();
-    settings->passphrase = m_viewModel->Passphrase().toStdString();
+    auto settings = std::make_shared<RequestSettings>(CopyRequestSettings(*m_viewModel));
     if (settings->commonName.empty()) {
         co_return;
     }

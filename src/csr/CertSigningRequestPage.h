@@ -1,5 +1,6 @@
 #pragma once
 
+#include "certs/request_builder.h"
 #include "csr/CertSigningRequestViewModel.h"
 #include "platform/Coroutines.h"
 
@@ -7,6 +8,10 @@
 #include <QtQml/qqmlregistration.h>
 
 namespace Zorvane {
+
+// The copy a run works on: what the user changes from then on has no effect
+// on it. The key size is not among them: a request's key is always 4096 bits.
+RequestSettings CopyRequestSettings(const CertSigningRequestViewModel& viewModel);
 
 // The request page. Its layout is the markup CertSigningRequestPage.qml, loaded at run
 // time; the page owns its view model for its whole life.

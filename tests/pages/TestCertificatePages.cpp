@@ -1,3 +1,4 @@
+#include "certs/request_builder.h"
 #include "csr/CertSigningRequestPage.h"
 #include "platform/FileManager.h"
 #include "platform/FilePicker.h"
@@ -245,6 +246,45 @@ private Q_SLOTS:
                          san + u"IP Address:10.0.0.1"_s, san + u"IP Address:0:0:0:0:0:0:0:1"_s}));
         QCOMPARE(EVP_PKEY_get_bits(X509_REQ_get0_pubkey(req.get())), 4096);
         QCOMPARE(fileMode(m_app.dir.filePath(u"www.key"_s)), std::optional<unsigned>(0600));
+    }
+
+    // Every text the request page's view model holds reaches the request (or,
+    // the pass phrase, its key): a field added to the form but not copied
+    // into the settings fails here, whatever it is called.
+    void everyRequestFieldReachesTheFiles()
+    {
+        CertSigningRequestViewModel viewModel;
+        const QMetaObject* type = viewModel.metaObject();
+        QStringList markers; // two letters each: a country code takes no more
+        QString passphrase;
+        for (int i = type->propertyOffset(); i < type->propertyCount(); ++i) {
+            const QMetaProperty property = type->property(i);
+            if (property.metaType().id() != QMetaType::QString) {
+                continue;
+            }
+            const QString marker = u"Q"_s + QLatin1Char(static_cast<char>('A' + i));
+            QVERIFY(property.write(&viewModel, marker));
+            if (qstrcmp(property.name(), "Passphrase") == 0) {
+                passphrase = marker;
+            } else {
+                markers << marker;
+            }
+        }
+        RequestSettings settings = CopyRequestSettings(viewModel);
+        settings.requestPath = m_app.path(u"fields.csr"_s).toStdString();
+        settings.keyPath = m_app.path(u"fields.key"_s).toStdString();
+        QCOMPARE(generate_request(settings).value(), 0);
+
+        const X509ReqPtr request = readRequest(m_app.dir.filePath(u"fields.csr"_s));
+        QVERIFY(request);
+        const QString written = nameEntries(X509_REQ_get_subject_name(request.get())).join(u' ') +
+                                requestExtensions(request.get()).join(u' ');
+        for (const QString& marker : markers) {
+            QVERIFY2(written.contains(u"="_s + marker) || written.contains(u":"_s + marker),
+                     qPrintable(marker + u" not in "_s + written));
+        }
+        QVERIFY(!passphrase.isEmpty());
+        QVERIFY(readPrivateKey(m_app.dir.filePath(u"fields.key"_s), passphrase.toUtf8()));
     }
 
     void keyboardOrder_data()
