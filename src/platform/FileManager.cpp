@@ -1,5 +1,7 @@
 #include "platform/FileManager.h"
 
+#include "platform/FileUri.h"
+
 #include <QDBusConnection>
 #include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
@@ -15,17 +17,11 @@ RevealHandler& handler()
     return installed;
 }
 
-// A file URI that keeps every byte of the path, UTF-8 or not.
-QString fileUri(const QByteArray& path)
-{
-    return QString::fromLatin1("file://" + path.toPercentEncoding("/"));
-}
-
 void openFolder(const QByteArray& path)
 {
     const qsizetype slash = path.lastIndexOf('/');
     const QByteArray folder = slash > 0 ? path.first(slash) : QByteArray("/");
-    QDesktopServices::openUrl(QUrl(fileUri(folder), QUrl::StrictMode));
+    QDesktopServices::openUrl(QUrl(FileUriFromPath(folder), QUrl::StrictMode));
 }
 } // namespace
 
@@ -45,7 +41,7 @@ void ShowItems(const QList<QByteArray>& paths)
     }
     QStringList uris;
     for (const QByteArray& path : paths) {
-        uris << fileUri(path);
+        uris << FileUriFromPath(path);
     }
     QDBusConnection bus = QDBusConnection::sessionBus();
     if (!bus.isConnected()) {

@@ -1,5 +1,7 @@
 #include "platform/PortalFileChooser.h"
 
+#include "platform/FileUri.h"
+
 #include <QCoreApplication>
 #include <QDBusArgument>
 #include <QDBusConnection>
@@ -200,34 +202,6 @@ void PickThroughPortal(QWindow* owner, const FilePickRequest& request, FilePickD
                              pending->Listen(reply.value().path());
                          }
                      });
-}
-
-std::optional<QByteArray> LocalPathFromUri(QStringView uri)
-{
-    QByteArray bytes = uri.toUtf8();
-    const QByteArray scheme = QByteArrayLiteral("file://");
-    if (bytes.size() < scheme.size() || bytes.first(scheme.size()).toLower() != scheme) {
-        return std::nullopt;
-    }
-    bytes.remove(0, scheme.size());
-    for (const char end : {'?', '#'}) {
-        if (const qsizetype at = bytes.indexOf(end); at >= 0) {
-            bytes.truncate(at);
-        }
-    }
-    const qsizetype slash = bytes.indexOf('/');
-    if (slash < 0) {
-        return std::nullopt;
-    }
-    const QByteArray host = bytes.first(slash).toLower();
-    if (!host.isEmpty() && host != "localhost") {
-        return std::nullopt;
-    }
-    QByteArray path = QByteArray::fromPercentEncoding(bytes.sliced(slash));
-    if (path.contains('\0')) {
-        return std::nullopt;
-    }
-    return path;
 }
 
 } // namespace Zorvane

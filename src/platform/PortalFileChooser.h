@@ -34,11 +34,6 @@ const QDBusArgument& operator>>(const QDBusArgument& argument, PortalFilter& fil
 void PickThroughPortal(QWindow* owner, const FilePickRequest& request, FilePickDone done,
                        std::function<void()> unavailable);
 
-// The local path that a file URI names, percent escapes decoded to the bytes
-// they stand for; nothing for another scheme, another host, a relative path,
-// or a NUL byte, which no path can hold.
-std::optional<QByteArray> LocalPathFromUri(QStringView uri);
-
 } // namespace Zorvane
 
 Q_DECLARE_METATYPE(Zorvane::PortalFilter)

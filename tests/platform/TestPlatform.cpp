@@ -4,6 +4,7 @@
 #include "platform/DesktopColorScheme.h"
 #include "platform/FileManager.h"
 #include "platform/FilePicker.h"
+#include "platform/FileUri.h"
 #include "platform/HResultError.h"
 #include "platform/Package.h"
 #include "platform/PortalFileChooser.h"
