@@ -255,7 +255,7 @@ void MainWindow::UpdateDragRegions()
         return;
     }
     const double scale = DpiScale(Dpi());
-    auto* grid = requireChild<DefinitionGrid>(m_appTitleBar, "TitleBarGrid");
+    DefinitionGrid* grid = m_titleBarGrid;
     // No system buttons on the left; ours take the right.
     grid->ColumnDefinitions().SetAt(RightInsetColumn, {RightInset() / scale, GridUnitType::Pixel});
     grid->ColumnDefinitions().SetAt(LeftInsetColumn, {0 / scale, GridUnitType::Pixel});
@@ -265,7 +265,7 @@ void MainWindow::UpdateDragRegions()
     TitleBarMetrics metrics;
     metrics.scale = scale;
     metrics.titleHeight = m_appTitleBar->height();
-    metrics.centreHeight = requireChild<QQuickItem>(m_appTitleBar, "TitleDetailText")->height();
+    metrics.centreHeight = m_titleDetailText->height();
     metrics.leftInset = widths.value(LeftInsetColumn);
     metrics.icon = widths.value(IconColumn);
     metrics.title = widths.value(TitleColumn);
@@ -286,8 +286,8 @@ void MainWindow::OnWindowActivated(bool active)
     if (!brush.isValid()) {
         throw HResultError(HResult::Unexpected, "missing resource");
     }
-    requireChild<QObject>(m_window.get(), "TitleText")->setProperty("color", brush);
-    requireChild<QObject>(m_window.get(), "TitleDetailText")->setProperty("color", brush);
+    m_titleText->setProperty("color", brush);
+    m_titleDetailText->setProperty("color", brush);
 }
 
 void MainWindow::InstallIcons()
@@ -368,6 +368,9 @@ void MainWindow::Connect()
     m_searchBox = requireChild<QQuickItem>(m_window.get(), "SearchBox");
     m_appTitleBar = requireChild<QQuickItem>(m_window.get(), "AppTitleBar");
     m_captionButtons = requireChild<QQuickItem>(m_window.get(), "CaptionButtons");
+    m_titleBarGrid = requireChild<DefinitionGrid>(m_appTitleBar, "TitleBarGrid");
+    m_titleText = requireChild<QQuickItem>(m_appTitleBar, "TitleText");
+    m_titleDetailText = requireChild<QQuickItem>(m_appTitleBar, "TitleDetailText");
 
     connect(m_navView, &NavigationView::Loaded, this,
             [this] { RunHandler([&] { OnNavViewLoaded(); }); });

@@ -20,6 +20,7 @@ class QWindow;
 
 namespace Zorvane {
 
+class DefinitionGrid;
 class NavigationView;
 class PageFrame;
 
@@ -101,6 +102,10 @@ private:
     QRect m_normalGeometry;
     QPointer<QQuickItem> m_appTitleBar;
     QPointer<QQuickItem> m_captionButtons;
+    // Resolved once, as the markup loads, like the members above.
+    QPointer<DefinitionGrid> m_titleBarGrid;
+    QPointer<QQuickItem> m_titleText;
+    QPointer<QQuickItem> m_titleDetailText;
     std::array<DragRectangle, 5> m_dragRectangles{};
     // Where a press in a drag area began: a move starts once the pointer has
     // travelled the drag distance from there, so that a double click stays a
