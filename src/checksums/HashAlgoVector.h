@@ -4,7 +4,6 @@
 
 #include <QAbstractListModel>
 #include <QList>
-#include <QtQml/qqmlregistration.h>
 
 namespace Zorvane {
 

@@ -48,11 +48,6 @@ void OpenSslChecksumsPage::componentComplete()
     m_sizeOutput = TextControl(this, "sizeOutput");
 }
 
-bool OpenSslChecksumsPage::noPackageIdentity() const
-{
-    return Package::NoPackageIdentity();
-}
-
 void OpenSslChecksumsPage::itemChange(ItemChange change, const ItemChangeData& data)
 {
     QQuickItem::itemChange(change, data);
@@ -73,12 +68,12 @@ void OpenSslChecksumsPage::OnLoaded()
 {
     ClearSizeText();
     m_fileButton->forceActiveFocus(Qt::OtherFocusReason);
-    LoadChosenAlgorithms(*m_viewModel, noPackageIdentity());
+    LoadChosenAlgorithms(*m_viewModel, Package::NoPackageIdentity());
 }
 
 void OpenSslChecksumsPage::OnUnloaded()
 {
-    SaveChosenAlgorithms(*m_viewModel, noPackageIdentity());
+    SaveChosenAlgorithms(*m_viewModel, Package::NoPackageIdentity());
 }
 
 void OpenSslChecksumsPage::ClearSizeText()

@@ -7,7 +7,6 @@
 
 #include <QPointer>
 #include <QQuickItem>
-#include <QtQml/qqmlregistration.h>
 
 #include <memory>
 
@@ -50,7 +49,6 @@ private:
     FireAndForget SelectFileAsync();
     void OnLoaded();
     void OnUnloaded();
-    bool noPackageIdentity() const;
 
     std::shared_ptr<OpenSslChecksumsViewModel> m_viewModel;
     QByteArray m_file; ///< the file system's bytes

@@ -3,7 +3,6 @@
 #include "checksums/HashAlgoVector.h"
 
 #include <QObject>
-#include <QtQml/qqmlregistration.h>
 
 namespace Zorvane {
 

@@ -5,7 +5,6 @@
 #include "platform/Coroutines.h"
 
 #include <QQuickItem>
-#include <QtQml/qqmlregistration.h>
 
 namespace Zorvane {
 

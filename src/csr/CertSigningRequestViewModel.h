@@ -2,7 +2,6 @@
 
 #include <QObject>
 #include <QString>
-#include <QtQml/qqmlregistration.h>
 
 namespace Zorvane {
 

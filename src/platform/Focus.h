@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QPointer>
 #include <QQuickItem>
 
 namespace Zorvane {

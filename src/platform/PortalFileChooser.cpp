@@ -98,15 +98,15 @@ public:
         : QObject(QCoreApplication::instance()), m_bus(std::move(bus)), m_done(std::move(done))
     {}
 
-    bool Listen(const QString& path)
+    void Listen(const QString& path)
     {
         if (path == m_path) {
-            return true;
+            return;
         }
         StopListening();
         m_path = path;
-        return m_bus.connect(PortalService, m_path, RequestInterface, QStringLiteral("Response"),
-                             this, SLOT(OnResponse(uint, QVariantMap)));
+        m_bus.connect(PortalService, m_path, RequestInterface, QStringLiteral("Response"), this,
+                      SLOT(OnResponse(uint, QVariantMap)));
     }
 
     // The call failed: nobody answers, and someone else will.

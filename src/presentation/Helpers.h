@@ -3,7 +3,6 @@
 #include <QObject>
 #include <QString>
 #include <QVariant>
-#include <QtQml/qqmlregistration.h>
 
 class QJSEngine;
 class QQmlEngine;

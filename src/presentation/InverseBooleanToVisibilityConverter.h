@@ -2,7 +2,6 @@
 
 #include <QObject>
 #include <QVariant>
-#include <QtQml/qqmlregistration.h>
 
 namespace Zorvane {
 

@@ -4,7 +4,6 @@
 #include "selfsigned/SelfSignedCertViewModel.h"
 
 #include <QQuickItem>
-#include <QtQml/qqmlregistration.h>
 
 namespace Zorvane {
 

@@ -44,13 +44,10 @@ class TestChecksumPage : public QObject
     QString m_file;
 
     OpenSslChecksumsPage* page() const { return qobject_cast<OpenSslChecksumsPage*>(m_app.page()); }
-    QQuickItem* item(const QString& name) const { return m_app.control(name); }
-    QString text(const QString& name) const { return m_app.text(name); }
     void open() { QVERIFY(m_app.open(3, u"FileButton"_s)); }
-    void click(QQuickItem* target) { m_app.click(target); }
     void clickAndWait(QQuickItem* target)
     {
-        actAndWait([&] { click(target); });
+        actAndWait([&] { m_app.click(target); });
     }
     void actAndWait(const std::function<void()>& action) { QVERIFY(m_app.actAndWait(action)); }
 
@@ -77,13 +74,17 @@ private Q_SLOTS:
     void firstShowing()
     {
         open();
-        QCOMPARE(text(u"sizeOutput"_s), QString()); // never "-1"
-        QVERIFY(!item(u"SizeCopyButton"_s)->isVisible());
-        QVERIFY(!item(u"CopyAllButton"_s)->isEnabled());
+        QCOMPARE(m_app.text(u"sizeOutput"_s), QString()); // never "-1"
+        QVERIFY(!m_app.control(u"SizeCopyButton"_s)->isVisible());
+        QVERIFY(!m_app.control(u"CopyAllButton"_s)->isEnabled());
         // And an assistive tool hears so.
-        QVERIFY(QAccessible::queryAccessibleInterface(item(u"CopyAllButton"_s))->state().disabled);
-        QVERIFY(!QAccessible::queryAccessibleInterface(item(u"FileButton"_s))->state().disabled);
-        QVERIFY(!item(u"Row_SHA1"_s)->isVisible());
+        QVERIFY(QAccessible::queryAccessibleInterface(m_app.control(u"CopyAllButton"_s))
+                    ->state()
+                    .disabled);
+        QVERIFY(!QAccessible::queryAccessibleInterface(m_app.control(u"FileButton"_s))
+                     ->state()
+                     .disabled);
+        QVERIFY(!m_app.control(u"Row_SHA1"_s)->isVisible());
     }
 
     void cancelledPickerChangesNothing()
@@ -93,12 +94,12 @@ private Q_SLOTS:
         m_app.requests.clear();
         QStringList states;
         connect(page(), &QQuickItem::stateChanged, this, [&](const QString& s) { states << s; });
-        click(item(u"FileButton"_s));
+        m_app.click(m_app.control(u"FileButton"_s));
         QTRY_COMPARE(m_app.requests.size(), 1);
         QCOMPARE(m_app.requests.first().mode, FilePickRequest::Mode::Open);
         QTest::qWait(50);
         QCOMPARE(states, QStringList{});
-        QCOMPARE(text(u"fileNameBox"_s), QString());
+        QCOMPARE(m_app.text(u"fileNameBox"_s), QString());
     }
 
     void pickTickUntickAllNone()
@@ -107,27 +108,27 @@ private Q_SLOTS:
         // The same file under a name that is not UTF-8: its bytes reach open(2).
         m_app.answer = QFile::encodeName(m_app.dir.path()) + "/data \xff.bin";
         QCOMPARE(::link(QFile::encodeName(m_file).constData(), m_app.answer->constData()), 0);
-        clickAndWait(item(u"FileButton"_s));
-        QCOMPARE(text(u"fileNameBox"_s), m_app.dir.filePath(u"data \ufffd.bin"_s));
-        QCOMPARE(text(u"sizeOutput"_s), u"1234567"_s); // the size with no rows
-        QVERIFY(item(u"SizeCopyButton"_s)->isVisible());
+        clickAndWait(m_app.control(u"FileButton"_s));
+        QCOMPARE(m_app.text(u"fileNameBox"_s), m_app.dir.filePath(u"data \ufffd.bin"_s));
+        QCOMPARE(m_app.text(u"sizeOutput"_s), u"1234567"_s); // the size with no rows
+        QVERIFY(m_app.control(u"SizeCopyButton"_s)->isVisible());
 
-        clickAndWait(item(u"Check_SHA2-256"_s));
-        QVERIFY(item(u"Row_SHA2-256"_s)->isVisible());
-        QCOMPARE(text(u"Value_SHA2-256"_s), expected(u"SHA2-256"_s));
-        QVERIFY(item(u"Copy_SHA2-256"_s)->isVisible());
+        clickAndWait(m_app.control(u"Check_SHA2-256"_s));
+        QVERIFY(m_app.control(u"Row_SHA2-256"_s)->isVisible());
+        QCOMPARE(m_app.text(u"Value_SHA2-256"_s), expected(u"SHA2-256"_s));
+        QVERIFY(m_app.control(u"Copy_SHA2-256"_s)->isVisible());
 
-        clickAndWait(item(u"AllButton"_s));
+        clickAndWait(m_app.control(u"AllButton"_s));
         for (const QString& name : {u"MD5"_s, u"SHA3-512"_s, u"SHAKE-128"_s, u"BLAKE2B-512"_s}) {
-            QVERIFY(item(u"Row_"_s + name)->isVisible());
-            QCOMPARE(text(u"Value_"_s + name), expected(name));
+            QVERIFY(m_app.control(u"Row_"_s + name)->isVisible());
+            QCOMPARE(m_app.text(u"Value_"_s + name), expected(name));
         }
 
-        clickAndWait(item(u"Check_MD5"_s)); // untick: the row goes at once
-        QVERIFY(!item(u"Row_MD5"_s)->isVisible());
-        clickAndWait(item(u"NoneButton"_s));
-        QVERIFY(!item(u"Row_SHA2-256"_s)->isVisible());
-        QCOMPARE(text(u"sizeOutput"_s), u"1234567"_s);
+        clickAndWait(m_app.control(u"Check_MD5"_s)); // untick: the row goes at once
+        QVERIFY(!m_app.control(u"Row_MD5"_s)->isVisible());
+        clickAndWait(m_app.control(u"NoneButton"_s));
+        QVERIFY(!m_app.control(u"Row_SHA2-256"_s)->isVisible());
+        QCOMPARE(m_app.text(u"sizeOutput"_s), u"1234567"_s);
         ::unlink(m_app.answer->constData()); // the temporary folder cannot spell it
     }
 
@@ -135,22 +136,22 @@ private Q_SLOTS:
     {
         open();
         m_app.answer = QFile::encodeName(m_file);
-        clickAndWait(item(u"FileButton"_s));
-        clickAndWait(item(u"Check_SHA1"_s));
-        clickAndWait(item(u"Check_MD5"_s));
+        clickAndWait(m_app.control(u"FileButton"_s));
+        clickAndWait(m_app.control(u"Check_SHA1"_s));
+        clickAndWait(m_app.control(u"Check_MD5"_s));
 
-        click(item(u"CopyAllButton"_s));
+        m_app.click(m_app.control(u"CopyAllButton"_s));
         const QMimeData* data = QGuiApplication::clipboard()->mimeData();
         QCOMPARE(data->text(), m_file + u"\r\nSize (Bytes): 1234567\r\nMD5: "_s +
                                    expected(u"MD5"_s) + u"\r\nSHA1: "_s + expected(u"SHA1"_s));
         QCOMPARE(QString::fromUtf8(data->data(Clipboard::TitleMimeType)),
                  u"Checksums for "_s + m_file);
 
-        click(item(u"Copy_SHA1"_s));
+        m_app.click(m_app.control(u"Copy_SHA1"_s));
         QCOMPARE(QGuiApplication::clipboard()->text(), expected(u"SHA1"_s));
         // A single value has no title.
         QVERIFY(!QGuiApplication::clipboard()->mimeData()->hasFormat(Clipboard::TitleMimeType));
-        click(item(u"SizeCopyButton"_s));
+        m_app.click(m_app.control(u"SizeCopyButton"_s));
         QCOMPARE(QGuiApplication::clipboard()->text(), u"1234567"_s);
     }
 
@@ -161,7 +162,7 @@ private Q_SLOTS:
         // The file button has the focus. While the run lasts the other
         // buttons are disabled, and Tab passes them by.
         actAndWait([&] { QTest::keyClick(m_app.window, Qt::Key_Space); });
-        QCOMPARE(text(u"fileNameBox"_s), m_file);
+        QCOMPARE(m_app.text(u"fileNameBox"_s), m_file);
         QSet<QString> reached;
         for (int i = 0; i < 40; ++i) {
             QTest::keyClick(m_app.window, Qt::Key_Tab);
@@ -180,7 +181,7 @@ private Q_SLOTS:
             QTest::keyClick(m_app.window, Qt::Key_Tab);
         }
         QTest::keyClick(m_app.window, Qt::Key_Space);
-        QTRY_COMPARE(text(u"Value_MD5"_s), expected(u"MD5"_s));
+        QTRY_COMPARE(m_app.text(u"Value_MD5"_s), expected(u"MD5"_s));
     }
 
     // A digest ticked by an assistive tool starts a run, as a click does.
@@ -196,12 +197,14 @@ private Q_SLOTS:
         QFETCH(QString, tick);
         open();
         m_app.answer = QFile::encodeName(m_file);
-        actAndWait([&] { QVERIFY(accessiblePress(item(u"FileButton"_s))); });
-        actAndWait([&] { QVERIFY(accessibleAction(item(u"Check_MD5"_s), tick)); });
-        QVERIFY(item(u"Check_MD5"_s)->property("checked").toBool());
-        QVERIFY(QAccessible::queryAccessibleInterface(item(u"Check_MD5"_s))->state().checked);
+        actAndWait([&] { QVERIFY(accessiblePress(m_app.control(u"FileButton"_s))); });
+        actAndWait([&] { QVERIFY(accessibleAction(m_app.control(u"Check_MD5"_s), tick)); });
+        QVERIFY(m_app.control(u"Check_MD5"_s)->property("checked").toBool());
+        QVERIFY(
+            QAccessible::queryAccessibleInterface(m_app.control(u"Check_MD5"_s))->state().checked);
         const auto spoken = [&](const QString& name) -> QString {
-            QAccessibleInterface* accessible = QAccessible::queryAccessibleInterface(item(name));
+            QAccessibleInterface* accessible =
+                QAccessible::queryAccessibleInterface(m_app.control(name));
             return accessible->text(QAccessible::Name) + u" | "_s +
                    accessible->text(QAccessible::Description);
         };
@@ -209,14 +212,14 @@ private Q_SLOTS:
         QCOMPARE(spoken(u"sizeOutput"_s), u"1234567 | Size in bytes"_s);
         QCOMPARE(spoken(u"Value_MD5"_s), expected(u"MD5"_s) + u" | MD5 checksum"_s);
 
-        QVERIFY(accessiblePress(item(u"CopyAllButton"_s)));
+        QVERIFY(accessiblePress(m_app.control(u"CopyAllButton"_s)));
         QVERIFY(QGuiApplication::clipboard()->text().startsWith(m_file + u"\r\n"_s));
-        QVERIFY(accessiblePress(item(u"Copy_MD5"_s)));
+        QVERIFY(accessiblePress(m_app.control(u"Copy_MD5"_s)));
         QCOMPARE(QGuiApplication::clipboard()->text(), expected(u"MD5"_s));
-        actAndWait([&] { QVERIFY(accessiblePress(item(u"AllButton"_s))); });
-        QVERIFY(item(u"Row_SHA1"_s)->isVisible());
-        actAndWait([&] { QVERIFY(accessiblePress(item(u"NoneButton"_s))); });
-        QVERIFY(!item(u"Row_MD5"_s)->isVisible());
+        actAndWait([&] { QVERIFY(accessiblePress(m_app.control(u"AllButton"_s))); });
+        QVERIFY(m_app.control(u"Row_SHA1"_s)->isVisible());
+        actAndWait([&] { QVERIFY(accessiblePress(m_app.control(u"NoneButton"_s))); });
+        QVERIFY(!m_app.control(u"Row_MD5"_s)->isVisible());
     }
 
     // "InProgress" takes away everything that starts a run or copies a report.
@@ -224,42 +227,42 @@ private Q_SLOTS:
     {
         open();
         m_app.answer = QFile::encodeName(m_file);
-        clickAndWait(item(u"FileButton"_s));
+        clickAndWait(m_app.control(u"FileButton"_s));
         const QStringList controls{u"FileButton"_s, u"AllButton"_s, u"NoneButton"_s,
                                    u"Check_SHA1"_s, u"CopyAllButton"_s};
         for (const QString& name : controls) {
-            QVERIFY2(item(name)->isEnabled(), qPrintable(name));
+            QVERIFY2(m_app.control(name)->isEnabled(), qPrintable(name));
         }
         page()->setState(u"InProgress"_s);
         for (const QString& name : controls) {
-            QVERIFY2(!item(name)->isEnabled(), qPrintable(name));
+            QVERIFY2(!m_app.control(name)->isEnabled(), qPrintable(name));
         }
-        QVERIFY(item(u"BusyIndicator"_s)->property("running").toBool());
+        QVERIFY(m_app.control(u"BusyIndicator"_s)->property("running").toBool());
         page()->setState(u"Normal"_s);
-        QVERIFY(item(u"CopyAllButton"_s)->isEnabled());
+        QVERIFY(m_app.control(u"CopyAllButton"_s)->isEnabled());
     }
 
     // An idle window draws nothing, whatever ran before: no frame at all.
     void idleWindowRendersNoFrames()
     {
         open();
-        clickAndWait(item(u"Check_SHA1"_s)); // a run before any file was picked
-        QTest::qWait(400);                   // what may still fade, fades
+        clickAndWait(m_app.control(u"Check_SHA1"_s)); // a run before any file was picked
+        QTest::qWait(400);                            // what may still fade, fades
         int frames = 0;
         const auto counting =
             connect(m_app.window, &QQuickWindow::frameSwapped, this, [&] { ++frames; });
         QTest::qWait(1000);
         disconnect(counting);
         QCOMPARE(frames, 0);
-        click(item(u"Check_SHA1"_s));
+        m_app.click(m_app.control(u"Check_SHA1"_s));
     }
 
     void selectionNotKeptWithoutPackageIdentity()
     {
         open();
-        click(item(u"Check_SHA1"_s));
+        m_app.click(m_app.control(u"Check_SHA1"_s));
         open(); // leaves and comes back: a new page
-        QVERIFY(!item(u"Check_SHA1"_s)->property("checked").toBool());
+        QVERIFY(!m_app.control(u"Check_SHA1"_s)->property("checked").toBool());
         QVERIFY(!QFile::exists(ApplicationData::Current().LocalSettingsValues().filePath()));
     }
 };
