@@ -2,7 +2,9 @@
 // to the window's first frame and to the first frame that shows the first
 // page, and the peak resident memory at that frame. The same figures are
 // taken for a bare Qt Quick window of the same size, the floor that Qt itself
-// sets on this machine, and the last line gives Zorvane's ratios to it.
+// sets on this machine, and the last line gives Zorvane's ratios to it. A
+// third subject, the bare window with one line of text, shows what the first
+// text of any kind costs (font database, glyph cache, text pipeline).
 //
 // Run without arguments it is the launcher: it starts itself as a child for
 // each subject, several times, and reports medians. A child prints its
@@ -119,15 +121,20 @@ int run_zorvane(int argc, char** argv, Stamps& stamps)
     return QApplication::exec();
 }
 
-// The floor: an empty Qt Quick window of the same size, same style.
-int run_bare(int argc, char** argv, Stamps& stamps)
+// The floor: an empty Qt Quick window of the same size, same style, with one
+// line of text drawn as Zorvane draws its text where asked.
+int run_bare(int argc, char** argv, Stamps& stamps, bool withText)
 {
     QApplication application(argc, argv);
     QQuickStyle::setStyle(QStringLiteral("Fusion"));
     QQmlEngine engine;
     QQmlComponent component(&engine);
-    component.setData("import QtQuick\nimport QtQuick.Controls\n"
-                      "ApplicationWindow { width: 1100; height: 720; visible: true }",
+    if (withText) {
+        QQuickWindow::setTextRenderType(QQuickWindow::NativeTextRendering);
+    }
+    component.setData(QByteArray("import QtQuick\nimport QtQuick.Controls\n"
+                                 "ApplicationWindow { width: 1100; height: 720; visible: true ") +
+                          (withText ? "; Text { text: \"Zorvane\" } }" : "}"),
                       QUrl());
     std::unique_ptr<QObject> root(component.create());
     stamps.loaded = monotonic_ns();
@@ -248,8 +255,10 @@ int main(int argc, char** argv)
     if (argc == 3 && std::strcmp(argv[1], "--child") == 0) {
         Stamps stamps;
         stamps.main = monotonic_ns();
-        return std::strcmp(argv[2], "bare") == 0 ? run_bare(argc, argv, stamps)
-                                                 : run_zorvane(argc, argv, stamps);
+        if (std::strncmp(argv[2], "bare", 4) == 0) {
+            return run_bare(argc, argv, stamps, std::strcmp(argv[2], "bare-text") == 0);
+        }
+        return run_zorvane(argc, argv, stamps);
     }
 
     const std::string self = "/proc/self/exe";
@@ -259,13 +268,15 @@ int main(int argc, char** argv)
         return 1;
     }
     const Summary bare = measure(resolved, "bare");
+    const Summary bareText = measure(resolved, "bare-text");
     const Summary zorvane = measure(resolved, "zorvane");
 
     fmt::print("medians of {} launches each, after one warm-up; milliseconds from spawn\n", Runs);
     fmt::print("{:<26}{:>10}{:>10}{:>14}{:>14}{:>12}\n", "", "to main", "loaded", "first frame",
                "page frame", "peak MiB");
     for (const auto& [name, s] :
-         {std::pair{"bare Qt Quick window", bare}, std::pair{"Zorvane (first page)", zorvane}}) {
+         {std::pair{"bare Qt Quick window", bare}, std::pair{"bare window, one text", bareText},
+          std::pair{"Zorvane (first page)", zorvane}}) {
         fmt::print("{:<26}{:>10.1f}{:>10.1f}{:>14.1f}{:>14.1f}{:>12.1f}\n", name, s.toMain,
                    s.loaded, s.firstFrame, s.pageFrame, s.peakMib);
     }
@@ -274,6 +285,8 @@ int main(int argc, char** argv)
                zorvane.firstFrame, zorvane.pageFrame, zorvane.peakMib,
                zorvane.firstFrame / bare.firstFrame, zorvane.pageFrame / bare.firstFrame,
                zorvane.peakMib / bare.peakMib);
+    fmt::print("ratios to the bare window with one text: first page {:.2f}, memory {:.2f}\n",
+               zorvane.pageFrame / bareText.firstFrame, zorvane.peakMib / bareText.peakMib);
     // Where the difference goes: creating the objects (engine, markup, pages)
     // against drawing them (scene graph, shaders, glyphs) for the first time.
     fmt::print("difference: {:+.0f} ms until loaded (main to markup created), {:+.0f} ms drawing "

@@ -29,6 +29,9 @@ App::App()
     current = this;
     Package::FixNoPackageIdentity(m_noPackageIdentity);
     InstallAccessibleStates(); // before the first markup, so before Qt Quick's own
+    // Text as the desktop's other programs draw it: hinted glyphs from the
+    // font engine, and no distance fields to compute for the first frame.
+    QQuickWindow::setTextRenderType(QQuickWindow::NativeTextRendering);
     // Where the module's qmldir lies, so that its markup types (ProgressRing)
     // are found as well as its C++ ones.
     m_engine->addImportPath(QStringLiteral("qrc:/"));
