@@ -67,58 +67,6 @@ private Q_SLOTS:
         QDir().rmpath(QFileInfo(manifestPath()).path());
     }
 
-    void placementSurvivesARestart()
-    {
-        {
-            App app;
-            QVERIFY(!app.NoPackageIdentity());
-            app.OnLaunched();
-            QQuickWindow* window = app.Window()->Window();
-            QVERIFY(QTest::qWaitForWindowExposed(window));
-            window->setGeometry(30, 40, 700, 500);
-            QTRY_COMPARE(app.Window()->NormalGeometry(), QRect(30, 40, 700, 500));
-            window->close();
-        }
-        const QVariantMap stored =
-            ApplicationData::Current().LocalSettingsValues().Lookup(u"WindowPlacement"_s).toMap();
-        QCOMPARE(stored.value(u"rcNormalPosition"_s), QVariant(QRectF(30, 40, 700, 500)));
-        QCOMPARE(stored.value(u"showCmd"_s).typeId(), QMetaType::UInt);
-
-        App app;
-        app.OnLaunched();
-        QQuickWindow* window = app.Window()->Window();
-        QVERIFY(QTest::qWaitForWindowExposed(window));
-        QTRY_COMPARE(window->geometry(), QRect(30, 40, 700, 500));
-    }
-
-    void chosenDigestsSurviveLeavingThePage()
-    {
-        App app;
-        app.OnLaunched();
-        QQuickWindow* window = app.Window()->Window();
-        QVERIFY(QTest::qWaitForWindowExposed(window));
-        auto* nav = window->findChild<NavigationView*>(u"NavView"_s);
-        auto* frame = window->findChild<PageFrame*>(u"ContentFrame"_s);
-        const auto chosen = [&] {
-            auto* page = qobject_cast<OpenSslChecksumsPage*>(frame->Content());
-            return page ? page->ViewModel()->HashAlgos()->items() : QList<HashAlgo*>{};
-        };
-
-        nav->setSelectedItem(nav->MenuItems().at(3));
-        QTRY_VERIFY(qobject_cast<OpenSslChecksumsPage*>(frame->Content()));
-        auto* page = qobject_cast<OpenSslChecksumsPage*>(frame->Content());
-        ChecksumSelection::ApplyStoredNames(*page->ViewModel(), u"SHA1,MD5"_s);
-
-        nav->setSelectedItem(nav->MenuItems().at(1)); // unloaded: saved
-        QCOMPARE(ApplicationData::Current().LocalSettingsValues().Lookup(u"ChosenAlgorithms"_s),
-                 QVariant(u"SHA1,MD5"_s));
-        nav->setSelectedItem(nav->MenuItems().at(3)); // loaded: the stored order
-        QTRY_COMPARE(chosen().size(), 2);
-        QCOMPARE(chosen().at(0)->ShortName(), u"SHA1"_s);
-        QVERIFY(chosen().at(1)->Checked());
-        window->close();
-    }
-
     // Closing the window ends the process at once with 0, whatever runs: a
     // checksum run over a file that would take minutes does not hold it, and
     // the placement and the chosen digests are saved first.
@@ -142,6 +90,9 @@ private Q_SLOTS:
         QVERIFY2(ended, "still running after its window closed");
         QCOMPARE(child.exitStatus(), QProcess::NormalExit);
         QCOMPARE(child.exitCode(), 0);
+        const QVariantMap stored =
+            ApplicationData::Current().LocalSettingsValues().Lookup(u"WindowPlacement"_s).toMap();
+        QCOMPARE(stored.value(u"showCmd"_s).typeId(), QMetaType::UInt);
         // Saved at the close, and there again at the next start of the program.
         QProcess next;
         next.start(QCoreApplication::applicationFilePath(), {u"--report-restored"_s});
@@ -167,45 +118,6 @@ private Q_SLOTS:
         QVERIFY2(!program.waitForFinished(3000), program.readAll().constData());
         program.kill();
         program.waitForFinished();
-    }
-
-    void chrome()
-    {
-        App app;
-        app.OnLaunched();
-        MainWindow& main = *app.Window();
-        QQuickWindow* window = main.Window();
-        QVERIFY(QTest::qWaitForWindowExposed(window));
-
-        // The caption buttons' width is the right inset, and its column holds it.
-        auto* captions = window->findChild<QQuickItem*>(u"CaptionButtons"_s);
-        auto* grid = window->findChild<DefinitionGrid*>(u"TitleBarGrid"_s);
-        QTRY_COMPARE(grid->ActualColumnWidths().value(6), captions->width());
-        QCOMPARE(main.RightInset(), int(captions->width()));
-        // The first rectangle starts the drag area at the left edge.
-        QTRY_VERIFY(main.DragRects()[0].width > 0);
-        QVERIFY(main.DragRects()[0].contains(1, 1));
-
-        auto* title = window->findChild<QObject*>(u"TitleText"_s);
-        auto* detail = window->findChild<QObject*>(u"TitleDetailText"_s);
-        main.OnWindowActivated(false);
-        const QVariant inactive = app.Resources().value(u"WindowCaptionForegroundDisabled"_s);
-        QCOMPARE(title->property("color"), inactive);
-        QCOMPARE(detail->property("color"), inactive);
-        main.OnWindowActivated(true);
-        QCOMPARE(title->property("color"), app.Resources().value(u"WindowCaptionForeground"_s));
-        // A change of theme reaches the next activation.
-        const QPalette original = QGuiApplication::palette();
-        QPalette changed = original;
-        changed.setColor(QPalette::Active, QPalette::WindowText, QColor(0x12, 0x34, 0x56));
-        QGuiApplication::setPalette(changed);
-        main.OnWindowActivated(true);
-        QGuiApplication::setPalette(original);
-        QCOMPARE(title->property("color").value<QColor>(), QColor(0x12, 0x34, 0x56));
-
-        const QList<QSize> sizes = window->icon().availableSizes();
-        QVERIFY(sizes.contains(QSize(16, 16)) && sizes.contains(QSize(32, 32)));
-        window->close();
     }
 };
 
