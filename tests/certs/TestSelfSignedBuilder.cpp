@@ -3,7 +3,6 @@
 #include "support/OpenSslReader.h"
 
 #include <QDateTime>
-#include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
 #include <QTest>

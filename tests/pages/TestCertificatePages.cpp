@@ -1,27 +1,16 @@
 #include "certs/request_builder.h"
 #include "csr/CertSigningRequestPage.h"
-#include "platform/FileManager.h"
 #include "platform/FilePicker.h"
 #include "selfsigned/SelfSignedCertPage.h"
-#include "shell/App.h"
-#include "shell/MainWindow.h"
-#include "shell/NavigationView.h"
-#include "shell/NavigationViewItem.h"
-#include "shell/PageFrame.h"
 #include "support/AppFixture.h"
 #include "support/EventLoopProbe.h"
 #include "support/OpenSslReader.h"
 #include "support/WindowDriver.h"
 
 #include <QAccessible>
-#include <QElapsedTimer>
 #include <QQuickItem>
-#include <QQuickWindow>
 #include <QRegularExpression>
-#include <QStandardPaths>
-#include <QTemporaryDir>
 #include <QTest>
-#include <QTimer>
 #include <QtQml/qqmlextensionplugin.h>
 
 #include <memory>

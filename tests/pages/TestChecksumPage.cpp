@@ -4,23 +4,17 @@
 #include "platform/Clipboard.h"
 #include "platform/FilePicker.h"
 #include "platform/Package.h"
-#include "shell/App.h"
-#include "shell/MainWindow.h"
-#include "shell/NavigationView.h"
-#include "shell/PageFrame.h"
 #include "support/AppFixture.h"
 #include "support/OpenSslReader.h"
 #include "support/WindowDriver.h"
 
 #include <QAccessible>
 #include <QClipboard>
-#include <QDir>
 #include <QFile>
 #include <QGuiApplication>
 #include <QMimeData>
 #include <QQuickItem>
 #include <QQuickWindow>
-#include <QTemporaryDir>
 #include <QTest>
 #include <QtQml/qqmlextensionplugin.h>
 

@@ -28,7 +28,6 @@
 #include <QProcess>
 #include <QRectF>
 #include <QSettings>
-#include <QSignalSpy>
 #include <QStyleHints>
 #include <QTemporaryDir>
 #include <QTest>

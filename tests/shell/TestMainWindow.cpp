@@ -21,9 +21,7 @@
 #include <QQmlProperty>
 #include <QQuickItem>
 #include <QQuickWindow>
-#include <QScreen>
 #include <QSignalSpy>
-#include <QStandardPaths>
 #include <QTest>
 #include <QtQml/qqmlextensionplugin.h>
 

@@ -5,7 +5,6 @@
 #include "platform/ApplicationData.h"
 #include "platform/FilePicker.h"
 #include "platform/Package.h"
-#include "presentation/DefinitionGrid.h"
 #include "shell/App.h"
 #include "shell/MainWindow.h"
 #include "shell/NavigationView.h"
@@ -13,17 +12,12 @@
 #include "support/IsolatedConfig.h"
 
 #include <QApplication>
-#include <QColor>
 #include <QCoreApplication>
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
-#include <QGuiApplication>
-#include <QPalette>
 #include <QProcess>
-#include <QQuickItem>
 #include <QQuickWindow>
-#include <QStandardPaths>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>

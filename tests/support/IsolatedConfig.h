@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QTemporaryDir>
-#include <QtGlobal>
 
 namespace Zorvane::Testing {
 
