@@ -67,6 +67,7 @@ bool waitFor(const std::function<bool()>& condition, int milliseconds = 60000)
 
 int main(int argc, char* argv[])
 {
+    Zorvane::App::PrepareProcess(); // as the program starts
     QApplication application(argc, argv);
     QQuickStyle::setStyle(QStringLiteral("Fusion"));
     QTemporaryDir dir;

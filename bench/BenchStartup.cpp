@@ -87,6 +87,7 @@ void report_and_quit(const Stamps& stamps, std::int64_t pageFrame)
 // Zorvane as main.cpp starts it.
 int run_zorvane(int argc, char** argv, Stamps& stamps)
 {
+    Zorvane::App::PrepareProcess();
     QApplication application(argc, argv);
     QQuickStyle::setStyle(QStringLiteral("Fusion"));
     Zorvane::App app;

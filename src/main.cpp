@@ -14,6 +14,7 @@ int main(int argc, char* argv[])
     static_cast<void>(argc);
     int qtArgc = 1;
     char* qtArgv[] = {argv[0], nullptr};
+    Zorvane::App::PrepareProcess();
     QApplication application(qtArgc, qtArgv);
     QQuickStyle::setStyle(QStringLiteral("Fusion"));
 

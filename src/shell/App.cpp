@@ -61,6 +61,13 @@ App* App::Current()
     return current;
 }
 
+void App::PrepareProcess()
+{
+    if (!qEnvironmentVariableIsSet("QSG_RENDER_LOOP")) {
+        qputenv("QSG_RENDER_LOOP", "basic");
+    }
+}
+
 void App::OnLaunched()
 {
     m_window = std::make_unique<MainWindow>(*m_engine);

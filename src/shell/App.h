@@ -27,6 +27,12 @@ public:
     // The one App of the process.
     static App* Current();
 
+    // Settles what must be chosen before the QApplication exists: the scene
+    // graph draws on the GUI thread, unless QSG_RENDER_LOOP says otherwise. One
+    // window, whose long work runs on the pool, gains nothing from a render
+    // thread, and handing each frame to one costs its first frame 10 ms.
+    static void PrepareProcess();
+
     // The program from its window to its end: makes the App and its window,
     // runs the one event loop, and ends when the window has closed and saved
     // what it keeps, whatever run is still at work. Returns the exit code, 0.
