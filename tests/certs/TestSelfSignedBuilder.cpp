@@ -7,8 +7,6 @@
 #include <QTemporaryDir>
 #include <QTest>
 
-#include <openssl/pkcs12.h>
-
 using namespace Zorvane;
 using namespace Zorvane::Testing;
 using namespace Qt::StringLiterals;
@@ -19,19 +17,6 @@ namespace {
 qint64 wrappedSeconds(qint64 days)
 {
     return ((days * 86400 + 0x80000000LL) & 0xFFFFFFFFLL) - 0x80000000LL;
-}
-
-// The key and certificate of a bundle, when the pass phrase opens it.
-std::pair<EvpPkeyPtr, X509Ptr> openBundle(const QString& path, const QByteArray& passphrase)
-{
-    const BioPtr file(BIO_new_file(path.toUtf8().constData(), "rb"));
-    const Pkcs12Ptr bundle(file ? d2i_PKCS12_bio(file.get(), nullptr) : nullptr);
-    EVP_PKEY* key = nullptr;
-    X509* certificate = nullptr;
-    if (bundle) {
-        PKCS12_parse(bundle.get(), passphrase.constData(), &key, &certificate, nullptr);
-    }
-    return {EvpPkeyPtr(key), X509Ptr(certificate)};
 }
 
 } // namespace

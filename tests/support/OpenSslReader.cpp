@@ -5,6 +5,7 @@
 #include <QProcess>
 
 #include <openssl/pem.h>
+#include <openssl/pkcs12.h>
 #include <openssl/x509v3.h>
 
 #include <sys/stat.h>
@@ -43,13 +44,20 @@ QByteArray readFile(const QString& path)
 
 X509Ptr readCertificate(const QString& path)
 {
-    return readCertificatePem(readFile(path));
+    const BioPtr file = openForReading(path);
+    return X509Ptr(file ? PEM_read_bio_X509(file.get(), nullptr, nullptr, nullptr) : nullptr);
 }
 
-X509Ptr readCertificatePem(const QByteArray& text)
+std::pair<EvpPkeyPtr, X509Ptr> openBundle(const QString& path, const QByteArray& passphrase)
 {
-    const BioPtr memory(BIO_new_mem_buf(text.constData(), static_cast<int>(text.size())));
-    return X509Ptr(PEM_read_bio_X509(memory.get(), nullptr, nullptr, nullptr));
+    const BioPtr file = openForReading(path);
+    const Pkcs12Ptr bundle(file ? d2i_PKCS12_bio(file.get(), nullptr) : nullptr);
+    EVP_PKEY* key = nullptr;
+    X509* certificate = nullptr;
+    if (bundle) {
+        PKCS12_parse(bundle.get(), passphrase.constData(), &key, &certificate, nullptr);
+    }
+    return {EvpPkeyPtr(key), X509Ptr(certificate)};
 }
 
 X509ReqPtr readRequest(const QString& path)

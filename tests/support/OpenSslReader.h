@@ -9,17 +9,18 @@
 #include <QStringList>
 
 #include <optional>
+#include <utility>
 
 namespace Zorvane::Testing {
 
 QByteArray readFile(const QString& path);
 
 X509Ptr readCertificate(const QString& path);
-// The first certificate in PEM text (other lines are skipped).
-X509Ptr readCertificatePem(const QByteArray& text);
 X509ReqPtr readRequest(const QString& path);
 // Null when the pass phrase does not open the key.
 EvpPkeyPtr readPrivateKey(const QString& path, const QByteArray& passphrase);
+// The key and certificate of a PKCS#12 bundle, when the pass phrase opens it.
+std::pair<EvpPkeyPtr, X509Ptr> openBundle(const QString& path, const QByteArray& passphrase);
 
 // "CN=host", "O=Org", ... in the order of the name.
 QStringList nameEntries(const X509_NAME* name);
