@@ -43,7 +43,7 @@ extern char** environ;
 
 namespace {
 
-constexpr int Runs = 7;
+constexpr int Runs = 9;
 
 std::int64_t monotonic_ns()
 {
@@ -234,19 +234,33 @@ struct Summary
     double toMain, loaded, firstFrame, pageFrame, peakMib;
 };
 
-Summary measure(const char* self, const char* subject)
+// The subjects' launches interleave, so that a machine that slows down or
+// speeds up during the run moves every subject's figures alike.
+std::vector<Summary> measure(const char* self, const std::vector<const char*>& subjects)
 {
-    static_cast<void>(launch(self, subject)); // warms the page cache
-    std::vector<double> toMain, loaded, first, page, peak;
-    for (int run = 0; run < Runs; ++run) {
-        const Sample sample = launch(self, subject);
-        toMain.push_back(sample.toMain);
-        loaded.push_back(sample.loaded);
-        first.push_back(sample.firstFrame);
-        page.push_back(sample.pageFrame);
-        peak.push_back(sample.peakMib);
+    std::vector<std::vector<Sample>> samples(subjects.size());
+    for (const char* subject : subjects) {
+        static_cast<void>(launch(self, subject)); // warms the page cache
     }
-    return {median(toMain), median(loaded), median(first), median(page), median(peak)};
+    for (int run = 0; run < Runs; ++run) {
+        for (std::size_t i = 0; i < subjects.size(); ++i) {
+            samples[i].push_back(launch(self, subjects[i]));
+        }
+    }
+    std::vector<Summary> summaries;
+    for (const std::vector<Sample>& runs : samples) {
+        const auto medianOf = [&](double Sample::*field) {
+            std::vector<double> values;
+            for (const Sample& sample : runs) {
+                values.push_back(sample.*field);
+            }
+            return median(values);
+        };
+        summaries.push_back({medianOf(&Sample::toMain), medianOf(&Sample::loaded),
+                             medianOf(&Sample::firstFrame), medianOf(&Sample::pageFrame),
+                             medianOf(&Sample::peakMib)});
+    }
+    return summaries;
 }
 
 } // namespace
@@ -268,11 +282,14 @@ int main(int argc, char** argv)
         std::perror("readlink");
         return 1;
     }
-    const Summary bare = measure(resolved, "bare");
-    const Summary bareText = measure(resolved, "bare-text");
-    const Summary zorvane = measure(resolved, "zorvane");
+    const std::vector<Summary> measured = measure(resolved, {"bare", "bare-text", "zorvane"});
+    const Summary& bare = measured[0];
+    const Summary& bareText = measured[1];
+    const Summary& zorvane = measured[2];
 
-    fmt::print("medians of {} launches each, after one warm-up; milliseconds from spawn\n", Runs);
+    fmt::print("medians of {} launches each, interleaved, after one warm-up; milliseconds from "
+               "spawn\n",
+               Runs);
     fmt::print("{:<26}{:>10}{:>10}{:>14}{:>14}{:>12}\n", "", "to main", "loaded", "first frame",
                "page frame", "peak MiB");
     for (const auto& [name, s] :

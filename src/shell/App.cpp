@@ -14,6 +14,8 @@
 #include <QQmlEngine>
 #include <QQuickWindow>
 
+#include <utility>
+
 namespace Zorvane {
 
 namespace {
@@ -63,8 +65,12 @@ App* App::Current()
 
 void App::PrepareProcess()
 {
-    if (!qEnvironmentVariableIsSet("QSG_RENDER_LOOP")) {
-        qputenv("QSG_RENDER_LOOP", "basic");
+    for (const auto& [name, value] :
+         {std::pair{"QSG_RENDER_LOOP", "basic"}, std::pair{"QSG_ATLAS_WIDTH", "256"},
+          std::pair{"QSG_ATLAS_HEIGHT", "256"}}) {
+        if (!qEnvironmentVariableIsSet(name)) {
+            qputenv(name, value);
+        }
     }
 }
 

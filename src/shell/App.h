@@ -27,10 +27,13 @@ public:
     // The one App of the process.
     static App* Current();
 
-    // Settles what must be chosen before the QApplication exists: the scene
-    // graph draws on the GUI thread, unless QSG_RENDER_LOOP says otherwise. One
-    // window, whose long work runs on the pool, gains nothing from a render
-    // thread, and handing each frame to one costs its first frame 10 ms.
+    // Settles what must be chosen before the QApplication exists, each unless
+    // the environment says otherwise: the scene graph draws on the GUI thread
+    // (one window, whose long work runs on the pool, gains nothing from a
+    // render thread, and handing the first frame to one costs 10 ms), and the
+    // texture atlas for small images is 256 pixels square (a few icons and
+    // arrows need no more; Qt's default of 2048 x 1024 costs 8 MiB wherever
+    // textures live in system memory).
     static void PrepareProcess();
 
     // The program from its window to its end: makes the App and its window,
