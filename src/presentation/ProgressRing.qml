@@ -14,6 +14,7 @@ Item {
     implicitHeight: 32
 
     BusyIndicator {
+        objectName: "Spinner"
         anchors.fill: parent
         running: ring.running
         visible: ring.running

@@ -131,7 +131,7 @@ private Q_SLOTS:
         for (const QString& name : controls) {
             QVERIFY2(!m_app.control(qPrintable(name))->isEnabled(), qPrintable(name));
         }
-        QVERIFY(m_app.control("BusyIndicator")->property("running").toBool());
+        QVERIFY(m_app.control("Spinner") && m_app.control("Spinner")->isVisible());
         m_app.page()->setState(u"Normal"_s);
         for (const QString& name : controls) {
             QVERIFY2(m_app.control(qPrintable(name))->isEnabled(), qPrintable(name));

@@ -213,7 +213,7 @@ private Q_SLOTS:
         for (const QString& name : controls) {
             QVERIFY2(!m_app.control(name)->isEnabled(), qPrintable(name));
         }
-        QVERIFY(m_app.control(u"BusyIndicator"_s)->property("running").toBool());
+        QVERIFY(m_app.control(u"Spinner"_s) && m_app.control(u"Spinner"_s)->isVisible());
         page()->setState(u"Normal"_s);
         QVERIFY(m_app.control(u"CopyAllButton"_s)->isEnabled());
     }
