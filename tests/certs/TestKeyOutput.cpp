@@ -1,6 +1,5 @@
 #include "certs/key_output.h"
 #include "certs/self_signed_builder.h"
-#include "certs/ssl_error_category.h"
 #include "support/OpenSslReader.h"
 
 #include <QFile>
@@ -30,11 +29,6 @@ using namespace Zorvane::Testing;
 using namespace Qt::StringLiterals;
 
 namespace {
-
-QString failureText(const std::error_code& ec)
-{
-    return QString::fromStdString(error_code_text(ec));
-}
 
 template <class Work>
 std::error_code raised(Work work)

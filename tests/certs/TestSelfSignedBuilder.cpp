@@ -1,5 +1,4 @@
 #include "certs/self_signed_builder.h"
-#include "certs/ssl_error_category.h"
 #include "support/OpenSslReader.h"
 
 #include <QDateTime>
@@ -210,9 +209,7 @@ private Q_SLOTS:
         }
 
         const std::error_code ec = generate_self_signed(settings);
-        QCOMPARE(&ec.category(), &ssl_category());
-        QCOMPARE(QString::fromStdString(error_code_text(ec)),
-                 u"[ssl:%1] %2"_s.arg(ec.value()).arg(reason));
+        QCOMPARE(failureText(ec), u"[ssl:%1] %2"_s.arg(ec.value()).arg(reason));
         QCOMPARE(filesIn(dir.path()), filesLeft);
     }
 };

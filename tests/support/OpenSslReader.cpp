@@ -1,5 +1,7 @@
 #include "support/OpenSslReader.h"
 
+#include "certs/ssl_error_category.h"
+
 #include <QDir>
 #include <QFile>
 #include <QProcess>
@@ -121,6 +123,14 @@ qint64 validitySeconds(const X509* certificate)
         return -1;
     }
     return qint64(days) * 86400 + seconds;
+}
+
+QString failureText(const std::error_code& ec)
+{
+    if (ec.category() != ssl_category()) {
+        return QStringLiteral("not an OpenSSL code: ") + QString::fromStdString(ec.message());
+    }
+    return QString::fromStdString(error_code_text(ec));
 }
 
 QStringList filesIn(const QString& folder)

@@ -9,6 +9,7 @@
 #include <QStringList>
 
 #include <optional>
+#include <system_error>
 #include <utility>
 
 namespace Zorvane::Testing {
@@ -30,6 +31,10 @@ QStringList requestExtensions(const X509_REQ* request);
 
 // Seconds from not-before to not-after.
 qint64 validitySeconds(const X509* certificate);
+
+// What the failure dialog would say for the error; a code of another
+// category than OpenSSL's is named as such.
+QString failureText(const std::error_code& ec);
 
 // "name:size" of every file in a folder, sorted by name.
 QStringList filesIn(const QString& folder);
