@@ -122,8 +122,9 @@ int run_zorvane(int argc, char** argv, Stamps& stamps)
     return QApplication::exec();
 }
 
-// The floor: an empty Qt Quick window of the same size, same style, with one
-// line of text drawn as Zorvane draws its text where asked.
+// The floor: an empty Qt Quick window of the same size and style, as Qt sets
+// it up by default. With withText it also holds one line of text, drawn as
+// Zorvane draws text.
 int run_bare(int argc, char** argv, Stamps& stamps, bool withText)
 {
     QApplication application(argc, argv);
