@@ -25,11 +25,10 @@ App* current = nullptr;
 App::App()
     : m_caretBlink(std::make_unique<CaretBlink>()),
       m_colorScheme(std::make_unique<DesktopColorScheme>()),
-      m_engine(std::make_unique<QQmlEngine>()),
-      m_noPackageIdentity(Package::DetectNoPackageIdentity())
+      m_engine(std::make_unique<QQmlEngine>())
 {
     current = this;
-    Package::FixNoPackageIdentity(m_noPackageIdentity);
+    Package::FixNoPackageIdentity(Package::DetectNoPackageIdentity());
     InstallAccessibleStates(); // before the first markup, so before Qt Quick's own
     // Text as the desktop's other programs draw it: hinted glyphs from the
     // font engine, and no distance fields to compute for the first frame.

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/Package.h"
+
 #include <QObject>
 #include <QVariantMap>
 
@@ -42,7 +44,7 @@ public:
     static int Run();
 
     // Fixed in the constructor, before any window exists.
-    bool NoPackageIdentity() const { return m_noPackageIdentity; }
+    bool NoPackageIdentity() const { return Package::NoPackageIdentity(); }
 
     // Makes the main window and shows it.
     void OnLaunched();
@@ -64,7 +66,6 @@ private:
     std::unique_ptr<DesktopColorScheme> m_colorScheme;
     std::unique_ptr<QQmlEngine> m_engine;
     std::unique_ptr<MainWindow> m_window;
-    bool m_noPackageIdentity = false;
 };
 
 } // namespace Zorvane

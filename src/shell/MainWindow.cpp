@@ -3,6 +3,7 @@
 #include "platform/ApplicationData.h"
 #include "platform/EventHandler.h"
 #include "platform/HResultError.h"
+#include "platform/Package.h"
 #include "platform/ProductIdentity.h"
 #include "presentation/DefinitionGrid.h"
 #include "shell/App.h"
@@ -318,8 +319,7 @@ void MainWindow::trackNormalGeometry()
 
 FireAndForget MainWindow::LoadSettingsAsync()
 {
-    const App* app = App::Current();
-    if (app == nullptr || app->NoPackageIdentity()) {
+    if (Package::NoPackageIdentity()) { // also while no application object runs
         co_return;
     }
     // The store settles asynchronously; the placement lands after the window
@@ -331,8 +331,7 @@ FireAndForget MainWindow::LoadSettingsAsync()
 
 void MainWindow::SaveWindowPlacement()
 {
-    const App* app = App::Current();
-    if (app == nullptr || app->NoPackageIdentity()) {
+    if (Package::NoPackageIdentity()) { // also while no application object runs
         return;
     }
     SettingsValues values = ApplicationData::Current().LocalSettingsValues();
