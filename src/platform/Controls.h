@@ -10,12 +10,14 @@
 
 namespace Zorvane {
 
-// The named control of a page's markup, looked up once as the markup has
-// loaded. A control the markup lacks is a fault of the program, not of the
-// user: it ends the process there and then, never as a null in a handler.
-inline QQuickItem* RequireControl(const QObject* root, const char* name)
+// A named control of a window's or a page's markup, looked up once as the
+// markup has loaded. A control the markup lacks (or of another type) is a
+// fault of the program, not of the user: it ends the process there and then,
+// never as a null in a handler.
+template <class T = QQuickItem>
+T* RequireControl(const QObject* root, const char* name)
 {
-    auto* control = root->findChild<QQuickItem*>(QLatin1String(name));
+    auto* control = root->findChild<T*>(QLatin1String(name));
     if (control == nullptr) {
         fail_fast(HResult::NoInterface, (std::string("the markup has no control ") + name).c_str());
     }

@@ -1,6 +1,7 @@
 #include "shell/MainWindow.h"
 
 #include "platform/ApplicationData.h"
+#include "platform/Controls.h"
 #include "platform/EventHandler.h"
 #include "platform/HResultError.h"
 #include "platform/Package.h"
@@ -47,16 +48,6 @@ enum TitleBarColumn
     RightDragColumn,
     RightInsetColumn,
 };
-
-template <class T>
-T* requireChild(QObject* root, const char* name)
-{
-    T* child = root->findChild<T*>(QLatin1String(name));
-    if (child == nullptr) {
-        throw HResultError(HResult::NoInterface, std::string("missing element ") + name);
-    }
-    return child;
-}
 
 } // namespace
 
@@ -362,14 +353,14 @@ void MainWindow::InitializeComponent(QQmlEngine& engine)
 
 void MainWindow::Connect()
 {
-    m_navView = requireChild<NavigationView>(m_window.get(), "NavView");
-    m_contentFrame = requireChild<PageFrame>(m_window.get(), "ContentFrame");
-    m_searchBox = requireChild<QQuickItem>(m_window.get(), "SearchBox");
-    m_appTitleBar = requireChild<QQuickItem>(m_window.get(), "AppTitleBar");
-    m_captionButtons = requireChild<QQuickItem>(m_window.get(), "CaptionButtons");
-    m_titleBarGrid = requireChild<DefinitionGrid>(m_appTitleBar, "TitleBarGrid");
-    m_titleText = requireChild<QQuickItem>(m_appTitleBar, "TitleText");
-    m_titleDetailText = requireChild<QQuickItem>(m_appTitleBar, "TitleDetailText");
+    m_navView = RequireControl<NavigationView>(m_window.get(), "NavView");
+    m_contentFrame = RequireControl<PageFrame>(m_window.get(), "ContentFrame");
+    m_searchBox = RequireControl(m_window.get(), "SearchBox");
+    m_appTitleBar = RequireControl(m_window.get(), "AppTitleBar");
+    m_captionButtons = RequireControl(m_window.get(), "CaptionButtons");
+    m_titleBarGrid = RequireControl<DefinitionGrid>(m_appTitleBar, "TitleBarGrid");
+    m_titleText = RequireControl(m_appTitleBar, "TitleText");
+    m_titleDetailText = RequireControl(m_appTitleBar, "TitleDetailText");
 
     connect(m_navView, &NavigationView::Loaded, this,
             [this] { RunHandler([&] { OnNavViewLoaded(); }); });
