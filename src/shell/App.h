@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/Package.h"
+#include "platform/StartupWarmUp.h"
 
 #include <QObject>
 #include <QVariantMap>
@@ -62,6 +63,7 @@ public:
     QVariantMap Resources() const;
 
 private:
+    StartupWarmUp m_warmUp; // first: it works while everything else is made
     std::unique_ptr<CaretBlink> m_caretBlink;
     std::unique_ptr<DesktopColorScheme> m_colorScheme;
     std::unique_ptr<QQmlEngine> m_engine;

@@ -1,0 +1,48 @@
+#include "platform/StartupWarmUp.h"
+
+#include <QFontDatabase>
+#include <QGuiApplication>
+#include <QOpenGLContext>
+#include <QQuickWindow>
+#include <QSGRendererInterface>
+
+#if defined(__GLIBC__)
+#include <malloc.h>
+#endif
+
+namespace Zorvane {
+
+StartupWarmUp::StartupWarmUp()
+{
+    // Measured on X11 only; and a driver that the scene graph will not use
+    // would cost, not save.
+    if (QGuiApplication::platformName() != u"xcb" ||
+        QQuickWindow::graphicsApi() != QSGRendererInterface::OpenGL) {
+        return;
+    }
+    m_thread = std::thread([] {
+        {
+            // A context without a surface: enough for the driver to load and
+            // set up its screen, which the window's own context then shares.
+            QOpenGLContext context;
+            context.create();
+        }
+#if defined(__GLIBC__)
+        // The context's memory was this thread's own heap, which nothing else
+        // reuses: give it back before the first frame sets the peak.
+        malloc_trim(0);
+#endif
+        // The font configuration is read once per process, whichever thread
+        // asks first.
+        static_cast<void>(QFontDatabase::families());
+    });
+}
+
+StartupWarmUp::~StartupWarmUp()
+{
+    if (m_thread.joinable()) {
+        m_thread.join();
+    }
+}
+
+} // namespace Zorvane
