@@ -300,7 +300,7 @@ int main(int argc, char** argv)
                    s.loaded, s.firstFrame, s.pageFrame, s.peakMib);
     }
     fmt::print("summary: first frame {:.0f} ms, first page {:.0f} ms, peak {:.1f} MiB; "
-               "ratios to a bare window: first frame {:.2f}, first page {:.2f}, memory {:.2f}\n",
+               "ratios to a bare window: first frame {:.2f}, first page {:.2f}, memory {:.3f}\n",
                zorvane.firstFrame, zorvane.pageFrame, zorvane.peakMib,
                zorvane.firstFrame / bare.firstFrame, zorvane.pageFrame / bare.firstFrame,
                zorvane.peakMib / bare.peakMib);

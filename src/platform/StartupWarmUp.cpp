@@ -27,14 +27,15 @@ StartupWarmUp::StartupWarmUp()
             QOpenGLContext context;
             context.create();
         }
-#if defined(__GLIBC__)
-        // The context's memory was this thread's own heap, which nothing else
-        // reuses: give it back before the first frame sets the peak.
-        malloc_trim(0);
-#endif
         // The font configuration is read once per process, whichever thread
         // asks first.
         static_cast<void>(QFontDatabase::families());
+#if defined(__GLIBC__)
+        // What the context and the reading of the configuration freed lies in
+        // this thread's own heap, which nothing else reuses: give it back
+        // before the first frame sets the peak.
+        malloc_trim(0);
+#endif
     });
 }
 

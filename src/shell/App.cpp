@@ -65,8 +65,8 @@ App* App::Current()
 void App::PrepareProcess()
 {
     for (const auto& [name, value] :
-         {std::pair{"QSG_RENDER_LOOP", "basic"}, std::pair{"QSG_ATLAS_WIDTH", "256"},
-          std::pair{"QSG_ATLAS_HEIGHT", "256"}}) {
+         {std::pair{"QSG_RENDER_LOOP", "basic"}, std::pair{"QSG_ATLAS_WIDTH", "128"},
+          std::pair{"QSG_ATLAS_HEIGHT", "128"}}) {
         if (!qEnvironmentVariableIsSet(name)) {
             qputenv(name, value);
         }

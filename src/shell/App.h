@@ -34,9 +34,10 @@ public:
     // the environment says otherwise: the scene graph draws on the GUI thread
     // (one window, whose long work runs on the pool, gains nothing from a
     // render thread, and handing the first frame to one costs 10 ms), and the
-    // texture atlas for small images is 256 pixels square (a few icons and
-    // arrows need no more; Qt's default of 2048 x 1024 costs 8 MiB wherever
-    // textures live in system memory).
+    // texture atlas for small images is 128 pixels square (a few icons and
+    // arrows need no more, and a larger image gets a texture of its own; Qt's
+    // default of 2048 x 1024 costs 8 MiB wherever textures live in system
+    // memory).
     static void PrepareProcess();
 
     // The program from its window to its end: makes the App and its window,
