@@ -5,6 +5,8 @@
 #include <QOpenGLContext>
 #include <QQuickWindow>
 #include <QSGRendererInterface>
+#include <QtGui/private/qguiapplication_p.h>
+#include <qpa/qplatformintegration.h>
 
 #if defined(__GLIBC__)
 #include <malloc.h>
@@ -17,7 +19,11 @@ StartupWarmUp::StartupWarmUp()
     // Measured on X11 only; and a driver that the scene graph will not use
     // would cost, not save.
     if (QGuiApplication::platformName() != u"xcb" ||
-        QQuickWindow::graphicsApi() != QSGRendererInterface::OpenGL) {
+        QQuickWindow::graphicsApi() != QSGRendererInterface::OpenGL ||
+        // Asked here, on the GUI thread, the platform sets up its OpenGL
+        // integration now (1 ms, no driver yet), not from two threads at once.
+        !QGuiApplicationPrivate::platformIntegration()->hasCapability(
+            QPlatformIntegration::OpenGL)) {
         return;
     }
     m_thread = std::thread([] {
