@@ -107,37 +107,6 @@ private Q_SLOTS:
         QCOMPARE(m_app.requests.first().defaultExtension, extension);
     }
 
-    // "InProgress" takes the whole form away, and shows the busy indicator.
-    void inProgressDisablesTheForm_data()
-    {
-        QTest::addColumn<int>("entry");
-        QTest::addColumn<QStringList>("controls");
-        QTest::newRow("self-signed")
-            << 1
-            << u"ServerCtrl CommonNameCtrl ValidDaysCtrl KeySizeCtrl "
-               u"PassphraseCtrl GeneratePemButton GeneratePkcs12Button"_s.split(u' ');
-        QTest::newRow("request") << 2
-                                 << u"ServerCtrl CommonNameCtrl AltNamesCtrl OrganizationCtrl "
-                                    u"CountryCodeCtrl PassphraseCtrl GenerateButton"_s.split(u' ');
-    }
-
-    void inProgressDisablesTheForm()
-    {
-        QFETCH(int, entry);
-        QFETCH(QStringList, controls);
-        QVERIFY(m_app.open(entry, u"CommonNameCtrl"_s));
-        m_app.type(m_app.control("CommonNameCtrl"), u"x"_s);
-        m_app.page()->setState(u"InProgress"_s);
-        for (const QString& name : controls) {
-            QVERIFY2(!m_app.control(qPrintable(name))->isEnabled(), qPrintable(name));
-        }
-        QVERIFY(m_app.control("Spinner") && m_app.control("Spinner")->isVisible());
-        m_app.page()->setState(u"Normal"_s);
-        for (const QString& name : controls) {
-            QVERIFY2(m_app.control(qPrintable(name))->isEnabled(), qPrintable(name));
-        }
-    }
-
     void selfSignedPemRun()
     {
         QVERIFY(m_app.open(1, u"CommonNameCtrl"_s));
@@ -260,10 +229,11 @@ private Q_SLOTS:
         QVERIFY(readPrivateKey(m_app.dir.filePath(u"fields.key"_s), passphrase.toUtf8()));
     }
 
-    void keyboardOrder_data()
+    // The named controls met by Tab from the name, each heard with a name.
+    void keyboardOrderAndBusyForm_data()
     {
         QTest::addColumn<int>("entry");
-        QTest::addColumn<QStringList>("order"); // named controls met by Tab from the name
+        QTest::addColumn<QStringList>("order");
         QTest::newRow("self-signed") << 1
                                      << u"ValidDaysCtrl KeySizeCtrl PassphraseCtrl "
                                         u"GeneratePemButton GeneratePkcs12Button"_s.split(u' ');
@@ -273,7 +243,7 @@ private Q_SLOTS:
                                     u"PassphraseCtrl GenerateButton"_s.split(u' ');
     }
 
-    void keyboardOrder()
+    void keyboardOrderAndBusyForm()
     {
         QFETCH(int, entry);
         QFETCH(QStringList, order);
@@ -303,6 +273,17 @@ private Q_SLOTS:
             }
         }
         QCOMPARE(met, order);
+
+        // "InProgress" takes the whole form away, and shows the busy indicator.
+        const QStringList form = order + QStringList{u"ServerCtrl"_s, u"CommonNameCtrl"_s};
+        for (const QString& state : {u"InProgress"_s, u"Normal"_s}) {
+            m_app.page()->setState(state);
+            for (const QString& name : form) {
+                QVERIFY2(m_app.control(name)->isEnabled() == (state == u"Normal"_s),
+                         qPrintable(name + u' ' + state));
+            }
+            QCOMPARE(m_app.control("Spinner")->isVisible(), state != u"Normal"_s);
+        }
     }
 
     // A run holds on to what it needs: leaving the page while it runs does not
