@@ -105,6 +105,14 @@ private Q_SLOTS:
         QCOMPARE(FittedGeometry(restored.rcNormalPosition, 1.0, screens), geometry);
     }
 
+    // With no screen to fit to: a usable size, and nothing Qt cannot hold.
+    void fittedWithoutScreens()
+    {
+        QCOMPARE(FittedGeometry({0, 0, 10, 10}, 1.0, {}), QRect(0, 0, 360, 240));
+        QCOMPARE(FittedGeometry({-100000, 0, 100000, 100000}, 1.0, {}),
+                 QRect(-16384, 0, 16384, 16384));
+    }
+
     void appliedToTheWindow_data()
     {
         QTest::addColumn<QVariant>("stored");
