@@ -17,7 +17,7 @@ private Q_SLOTS:
         QTest::addColumn<int>("dpi");
         QTest::addColumn<double>("scale");
         QTest::newRow("96") << 96 << 1.0;
-        QTest::newRow("100: the percentage is truncated first") << 100 << 1.04;
+        QTest::newRow("100: a whole percentage, not 100/96") << 100 << 1.04;
         QTest::newRow("110: the percentage is rounded") << 110 << 1.15;
         QTest::newRow("120") << 120 << 1.25;
         QTest::newRow("144") << 144 << 1.5;
