@@ -1,17 +1,9 @@
 #include "certs/request_builder.h"
 #include "certs/self_signed_builder.h"
 #include "support/OpenSslReader.h"
+#include "support/Testing.h"
 
 #include <QDateTime>
-#include <QFile>
-#include <QTemporaryDir>
-#include <QTest>
-
-#include <functional>
-
-using namespace Zorvane;
-using namespace Zorvane::Testing;
-using namespace Qt::StringLiterals;
 
 namespace {
 

@@ -2,16 +2,12 @@
 #include "certs/self_signed_builder.h"
 #include "certs/ssl_error_category.h"
 #include "certs/subject_and_extensions.h"
-
-#include <QTest>
+#include "support/Testing.h"
 
 #include <openssl/asn1err.h>
 #include <openssl/err.h>
 
 #include <cerrno>
-
-using namespace Zorvane;
-using namespace Qt::StringLiterals;
 
 // What the engine makes of its inputs before OpenSSL sees them, and how it
 // words OpenSSL's errors.

@@ -1,11 +1,9 @@
 #include "certs/key_output.h"
 #include "certs/self_signed_builder.h"
 #include "support/OpenSslReader.h"
+#include "support/Testing.h"
 
-#include <QFile>
 #include <QFileInfo>
-#include <QTemporaryDir>
-#include <QTest>
 
 #include <chrono>
 #include <csignal>
@@ -23,10 +21,6 @@
 #include <sys/syscall.h>
 #define ZORVANE_TEST_SECCOMP 1
 #endif
-
-using namespace Zorvane;
-using namespace Zorvane::Testing;
-using namespace Qt::StringLiterals;
 
 namespace {
 

@@ -4,15 +4,7 @@
 #include "checksums/ChosenAlgorithms.h"
 #include "checksums/OpenSslChecksumsViewModel.h"
 #include "support/IsolatedConfig.h"
-
-#include <QSignalSpy>
-#include <QTest>
-
-#include <memory>
-
-using namespace Zorvane;
-using namespace Zorvane::Testing;
-using namespace Qt::StringLiterals;
+#include "support/Testing.h"
 
 namespace {
 QStringList checkedNames(const OpenSslChecksumsViewModel& viewModel)

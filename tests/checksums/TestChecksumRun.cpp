@@ -4,23 +4,13 @@
 #include "checksums/OpenSslChecksumsViewModel.h"
 #include "support/EventLoopProbe.h"
 #include "support/OpenSslReader.h"
+#include "support/Testing.h"
 
 #include <QCoreApplication>
-#include <QFile>
-#include <QProcess>
-#include <QSignalSpy>
-#include <QTemporaryDir>
-#include <QTest>
 
 #include <cstdio>
-#include <cstring>
-#include <memory>
 #include <sys/stat.h>
 #include <unistd.h>
-
-using namespace Zorvane;
-using namespace Zorvane::Testing;
-using namespace Qt::StringLiterals;
 
 // Stands in for the checksum page: a "state" the run switches, a picked file,
 // and a size text that follows FileSize the way the page's binding does.
@@ -203,14 +193,10 @@ private Q_SLOTS:
         QFETCH(QString, target);
         QFETCH(QString, line);
         mkfifo(QFile::encodeName(m_dir.filePath(u"fifo"_s)).constData(), 0600);
-        QProcess child;
-        child.setProcessChannelMode(QProcess::MergedChannels);
-        child.start(QCoreApplication::applicationFilePath(),
-                    {u"--run-on"_s, target.startsWith(u'/') ? target : m_dir.filePath(target)});
-        QVERIFY(child.waitForFinished(60000));
-        const QString output = QString::fromUtf8(child.readAll());
-        QCOMPARE(child.exitStatus(), QProcess::CrashExit);
-        QVERIFY2(output.contains(u"Zorvane: fail-fast "_s + line + u'\n'), qPrintable(output));
+        const ChildRun child =
+            runSelf({u"--run-on"_s, target.startsWith(u'/') ? target : m_dir.filePath(target)});
+        QVERIFY2(child.crashed && child.output.contains(u"Zorvane: fail-fast "_s + line + u'\n'),
+                 qPrintable(child.output));
     }
 };
 
@@ -233,13 +219,7 @@ static int runOn(int argc, char** argv)
 
 int main(int argc, char** argv)
 {
-    if (argc == 3 && std::strcmp(argv[1], "--run-on") == 0) {
-        return runOn(argc, argv);
-    }
-    QCoreApplication app(argc, argv);
-    TestChecksumRun test;
-    QTEST_SET_MAIN_SOURCE_PATH
-    return QTest::qExec(&test, argc, argv);
+    return testMain<TestChecksumRun, QCoreApplication>(argc, argv, {{"--run-on", runOn}});
 }
 
 #include "TestChecksumRun.moc"

@@ -1,14 +1,9 @@
 #include "checksums/digest_engine.h"
 #include "support/OpenSslReader.h"
+#include "support/Testing.h"
 
-#include <QFile>
 #include <QMap>
 #include <QRandomGenerator>
-#include <QTemporaryDir>
-#include <QTest>
-
-using namespace Zorvane;
-using namespace Zorvane::Testing;
 
 namespace {
 

@@ -5,22 +5,17 @@
 #include "support/AppFixture.h"
 #include "support/EventLoopProbe.h"
 #include "support/OpenSslReader.h"
+#include "support/Testing.h"
 #include "support/WindowDriver.h"
 
 #include <QAccessible>
 #include <QQuickItem>
 #include <QRegularExpression>
-#include <QTest>
 #include <QtQml/qqmlextensionplugin.h>
 
-#include <memory>
 #include <unistd.h>
 
 Q_IMPORT_QML_PLUGIN(ZorvanePlugin)
-
-using namespace Zorvane;
-using namespace Zorvane::Testing;
-using namespace Qt::StringLiterals;
 
 // Both certificate pages in the real window, driven by keys and the mouse;
 // the file picker is answered by the test and the reveal is watched.

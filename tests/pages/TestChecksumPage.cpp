@@ -6,27 +6,20 @@
 #include "platform/Package.h"
 #include "support/AppFixture.h"
 #include "support/OpenSslReader.h"
+#include "support/Testing.h"
 #include "support/WindowDriver.h"
 
 #include <QAccessible>
 #include <QClipboard>
-#include <QFile>
 #include <QGuiApplication>
 #include <QMimeData>
 #include <QQuickItem>
 #include <QQuickWindow>
-#include <QTest>
 #include <QtQml/qqmlextensionplugin.h>
 
-#include <functional>
-#include <memory>
 #include <unistd.h>
 
 Q_IMPORT_QML_PLUGIN(ZorvanePlugin)
-
-using namespace Zorvane;
-using namespace Zorvane::Testing;
-using namespace Qt::StringLiterals;
 
 // The checksum page in the real window, driven by the mouse, with the picker
 // answered by the test.

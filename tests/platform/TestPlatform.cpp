@@ -9,6 +9,7 @@
 #include "platform/Package.h"
 #include "platform/PortalFileChooser.h"
 #include "support/IsolatedConfig.h"
+#include "support/Testing.h"
 
 #include <QApplication>
 #include <QCoreApplication>
@@ -18,23 +19,15 @@
 #include <QDBusMetaType>
 #include <QDBusObjectPath>
 #include <QDBusVariant>
-#include <QDir>
-#include <QFile>
 #include <QFileDialog>
 #include <QGuiApplication>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QPointF>
-#include <QProcess>
 #include <QRectF>
 #include <QSettings>
 #include <QStyleHints>
-#include <QTemporaryDir>
-#include <QTest>
 #include <QTimer>
-
-using namespace Zorvane;
-using namespace Qt::StringLiterals;
 
 // Stands in for the desktop portal's settings: a color-scheme to read, and
 // its change signal.

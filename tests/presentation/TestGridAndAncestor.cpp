@@ -2,20 +2,15 @@
 #include "presentation/AncestorSource.h"
 #include "presentation/DefinitionGrid.h"
 #include "presentation/GridHelpers.h"
+#include "support/Testing.h"
 
 #include <QQmlComponent>
 #include <QQmlEngine>
 #include <QQuickItem>
 #include <QQuickWindow>
-#include <QTest>
 #include <QtQml/qqmlextensionplugin.h>
 
-#include <memory>
-
 Q_IMPORT_QML_PLUGIN(ZorvanePlugin)
-
-using namespace Zorvane;
-using namespace Qt::StringLiterals;
 
 class TestGridAndAncestor : public QObject
 {

@@ -1,23 +1,17 @@
 #include "presentation/Helpers.h"
 #include "presentation/InverseBooleanToVisibilityConverter.h"
+#include "support/Testing.h"
 
-#include <QProcess>
 #include <QQmlComponent>
 #include <QQmlEngine>
 #include <QRegularExpression>
-#include <QTest>
 #include <QtQml/qqmlextensionplugin.h>
 
 #include <cstdio>
-#include <cstring>
 #include <locale>
-#include <memory>
 #include <stdexcept>
 
 Q_IMPORT_QML_PLUGIN(ZorvanePlugin)
-
-using namespace Zorvane;
-using namespace Qt::StringLiterals;
 
 class TestHelpers : public QObject
 {
@@ -50,10 +44,7 @@ private Q_SLOTS:
         }
         environment.insert(u"LANG"_s, u"en_GB.UTF-8"_s);
         environment.insert(variable, value);
-        QProcess child;
-        child.setProcessEnvironment(environment);
-        child.start(QCoreApplication::applicationFilePath(), {u"--print-locales"_s});
-        QVERIFY(child.waitForFinished(30000));
+        const ChildRun child = runSelf({u"--print-locales"_s}, environment);
         // Whether the C library has the locale, asked of it directly.
         bool generated = true;
         try {
@@ -61,7 +52,7 @@ private Q_SLOTS:
         } catch (const std::runtime_error&) {
             generated = false;
         }
-        QCOMPARE(QString::fromUtf8(child.readAllStandardOutput()).trimmed(),
+        QCOMPARE(child.standardOutput.trimmed(),
                  system + u' ' + (generated ? system : u"C"_s) + u" x:"_s);
     }
 
@@ -173,19 +164,17 @@ private Q_SLOTS:
 
 // "--print-locales": the two locale names, as a process started in some
 // locale computes them before main, and a formatting with the user's.
+static int printLocales(int, char**)
+{
+    const std::unique_ptr<Helpers> helpers(Helpers::create(nullptr, nullptr));
+    std::printf("%s %s %s\n", qPrintable(Helpers::SystemLocaleName()),
+                qPrintable(Helpers::UserLocaleName()),
+                qPrintable(helpers->FormatString(u"{0}:"_s, u"x"_s, Helpers::UserLocaleName())));
+    return 0;
+}
+
 int main(int argc, char** argv)
 {
-    if (argc == 2 && std::strcmp(argv[1], "--print-locales") == 0) {
-        const std::unique_ptr<Helpers> helpers(Helpers::create(nullptr, nullptr));
-        std::printf(
-            "%s %s %s\n", qPrintable(Helpers::SystemLocaleName()),
-            qPrintable(Helpers::UserLocaleName()),
-            qPrintable(helpers->FormatString(u"{0}:"_s, u"x"_s, Helpers::UserLocaleName())));
-        return 0;
-    }
-    QCoreApplication application(argc, argv);
-    TestHelpers test;
-    QTEST_SET_MAIN_SOURCE_PATH
-    return QTest::qExec(&test, argc, argv);
+    return testMain<TestHelpers, QCoreApplication>(argc, argv, {{"--print-locales", printLocales}});
 }
 #include "TestHelpers.moc"

@@ -10,28 +10,19 @@
 #include "shell/NavigationViewItem.h"
 #include "shell/PageFrame.h"
 #include "support/AppFixture.h"
+#include "support/Testing.h"
 #include "support/WindowDriver.h"
 
-#include <QFile>
 #include <QGuiApplication>
 #include <QPalette>
-#include <QProcess>
 #include <QQmlComponent>
 #include <QQmlEngine>
 #include <QQmlProperty>
 #include <QQuickItem>
 #include <QQuickWindow>
-#include <QSignalSpy>
-#include <QTest>
 #include <QtQml/qqmlextensionplugin.h>
 
-#include <cstring>
-#include <memory>
-
 Q_IMPORT_QML_PLUGIN(ZorvanePlugin)
-
-using namespace Zorvane;
-using namespace Qt::StringLiterals;
 
 // The real window, loaded offscreen and driven by mouse and keys.
 class TestMainWindow : public QObject
@@ -379,14 +370,10 @@ private Q_SLOTS:
     {
         QFETCH(QString, page);
         QFETCH(QString, control);
-        QProcess child;
-        child.setProcessChannelMode(QProcess::MergedChannels);
-        child.start(QCoreApplication::applicationFilePath(), {u"--load"_s, page});
-        QVERIFY(child.waitForFinished(30000));
-        const QString output = QString::fromUtf8(child.readAll());
-        QCOMPARE(child.exitStatus(), QProcess::CrashExit);
-        QVERIFY2(output.contains(u"fail-fast 0x80004002: "_s) && output.contains(control),
-                 qPrintable(output));
+        const ChildRun child = runSelf({u"--load"_s, page});
+        QVERIFY2(child.crashed && child.output.contains(u"fail-fast 0x80004002: "_s) &&
+                     child.output.contains(control),
+                 qPrintable(child.output));
     }
 };
 
@@ -407,12 +394,6 @@ static int loadMarkup(int argc, char** argv)
 
 int main(int argc, char** argv)
 {
-    if (argc == 3 && std::strcmp(argv[1], "--load") == 0) {
-        return loadMarkup(argc, argv);
-    }
-    QGuiApplication app(argc, argv);
-    TestMainWindow test;
-    QTEST_SET_MAIN_SOURCE_PATH
-    return QTest::qExec(&test, argc, argv);
+    return testMain<TestMainWindow, QGuiApplication>(argc, argv, {{"--load", loadMarkup}});
 }
 #include "TestMainWindow.moc"

@@ -10,27 +10,18 @@
 #include "shell/NavigationView.h"
 #include "shell/PageFrame.h"
 #include "support/IsolatedConfig.h"
+#include "support/Testing.h"
 
 #include <QApplication>
 #include <QCoreApplication>
-#include <QDir>
 #include <QElapsedTimer>
-#include <QFile>
-#include <QProcess>
 #include <QQuickWindow>
-#include <QTemporaryDir>
-#include <QTest>
 #include <QTimer>
 #include <QtQml/qqmlextensionplugin.h>
 
 #include <cstdio>
-#include <cstring>
-#include <memory>
 
 Q_IMPORT_QML_PLUGIN(ZorvanePlugin)
-
-using namespace Zorvane;
-using namespace Qt::StringLiterals;
 
 // A run of the installed program (its manifest in place): the window's
 // placement is saved at close and applied at the next start.
@@ -88,12 +79,9 @@ private Q_SLOTS:
             ApplicationData::Current().LocalSettingsValues().Lookup(u"WindowPlacement"_s).toMap();
         QCOMPARE(stored.value(u"showCmd"_s).typeId(), QMetaType::UInt);
         // Saved at the close, and there again at the next start of the program.
-        QProcess next;
-        next.start(QCoreApplication::applicationFilePath(), {u"--report-restored"_s});
-        QVERIFY(next.waitForFinished(60000));
-        QCOMPARE(next.exitCode(), 0);
-        const QStringList report =
-            QString::fromUtf8(next.readAllStandardOutput()).trimmed().split(u' ');
+        const ChildRun next = runSelf({u"--report-restored"_s});
+        QCOMPARE(next.exitCode, 0);
+        const QStringList report = next.standardOutput.trimmed().split(u' ');
         QCOMPARE(report.mid(0, 4), (QStringList{u"30"_s, u"40"_s, u"700"_s, u"500"_s}));
         const QStringList chosen = report.value(4).split(u',');
         QCOMPARE(chosen.size(), 19); // every digest, as chosen before the close
@@ -195,15 +183,8 @@ static int reportRestored(int argc, char** argv)
 
 int main(int argc, char** argv)
 {
-    if (argc == 3 && std::strcmp(argv[1], "--close-during-run") == 0) {
-        return closeDuringRun(argc, argv);
-    }
-    if (argc == 2 && std::strcmp(argv[1], "--report-restored") == 0) {
-        return reportRestored(argc, argv);
-    }
-    QApplication application(argc, argv);
-    TestPackagedRun test;
-    QTEST_SET_MAIN_SOURCE_PATH
-    return QTest::qExec(&test, argc, argv);
+    return testMain<TestPackagedRun, QApplication>(
+        argc, argv,
+        {{"--close-during-run", closeDuringRun}, {"--report-restored", reportRestored}});
 }
 #include "TestPackagedRun.moc"

@@ -1,8 +1,5 @@
 #include "shell/TitleBarGeometry.h"
-
-#include <QTest>
-
-using namespace Zorvane;
+#include "support/Testing.h"
 
 using Rectangles = std::array<DragRectangle, 5>;
 Q_DECLARE_METATYPE(Rectangles)

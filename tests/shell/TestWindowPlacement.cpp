@@ -1,12 +1,8 @@
 #include "platform/ApplicationData.h"
 #include "shell/WindowPlacement.h"
+#include "support/Testing.h"
 
-#include <QTemporaryDir>
-#include <QTest>
 #include <QWindow>
-
-using namespace Zorvane;
-using namespace Qt::StringLiterals;
 
 namespace {
 const QVariantMap full{{u"showCmd"_s, QVariant::fromValue(1u)},

@@ -9,15 +9,8 @@
 #include "shell/App.h"
 #include "shell/MainWindow.h"
 #include "support/IsolatedConfig.h"
+#include "support/Testing.h"
 #include "support/WindowDriver.h"
-
-#include <QFile>
-#include <QTemporaryDir>
-#include <QTest>
-
-#include <functional>
-#include <memory>
-#include <optional>
 
 namespace Zorvane::Testing {
 

@@ -1,0 +1,70 @@
+#pragma once
+
+// What every suite uses: QtTest and the files, folders and processes it works
+// with, the project's names, and this test program run again as a child.
+
+#include <QDir>
+#include <QFile>
+#include <QProcess>
+#include <QSignalSpy>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string_view>
+#include <utility>
+
+namespace Zorvane::Testing {
+
+struct ChildRun
+{
+    bool crashed = false;
+    int exitCode = -1;
+    QString standardOutput;
+    QString output; ///< standard output, then standard error
+};
+
+// This test program started again with the arguments, as a child process
+// whose end (a crash, say) cannot take the tests with it.
+inline ChildRun
+runSelf(const QStringList& arguments,
+        const QProcessEnvironment& environment = QProcessEnvironment::systemEnvironment())
+{
+    QProcess child;
+    child.setProcessEnvironment(environment);
+    child.start(QCoreApplication::applicationFilePath(), arguments);
+    if (!child.waitForFinished(60000)) {
+        child.kill();
+        child.waitForFinished();
+        return {true, -1, {}, QStringLiteral("(timed out)")};
+    }
+    const QString out = QString::fromUtf8(child.readAllStandardOutput());
+    return {child.exitStatus() == QProcess::CrashExit, child.exitCode(), out,
+            out + QString::fromUtf8(child.readAllStandardError())};
+}
+
+using ChildMain = int (*)(int argc, char** argv);
+
+// A suite's main(): with one of the children's options first, that child
+// runs instead of the tests.
+template <class Test, class Application>
+int testMain(int argc, char** argv,
+             std::initializer_list<std::pair<std::string_view, ChildMain>> children)
+{
+    for (const auto& [option, child] : children) {
+        if (argc >= 2 && option == argv[1]) {
+            return child(argc, argv);
+        }
+    }
+    Application application(argc, argv);
+    Test test;
+    return QTest::qExec(&test, argc, argv);
+}
+
+} // namespace Zorvane::Testing
+
+using namespace Zorvane;
+using namespace Zorvane::Testing;
+using namespace Qt::StringLiterals;
