@@ -53,11 +53,14 @@ public:
 
     QByteArray path(const QString& name) const { return QFile::encodeName(dir.filePath(name)); }
     QQuickItem* page() const { return currentPage(window); }
+    // A control of the page shown. One that is missing fails the test, and
+    // a stand-in is returned so that the test ends without a crash.
     QQuickItem* control(const QString& name) const
     {
         QQuickItem* found = findItem(page(), name);
         if (found == nullptr) {
-            qWarning() << "no control" << name;
+            QTest::qFail(qPrintable(u"no control "_s + name), __FILE__, __LINE__);
+            return m_missing.get();
         }
         return found;
     }
@@ -108,6 +111,9 @@ public:
         QObject::disconnect(connection);
         return states;
     }
+
+private:
+    std::unique_ptr<QQuickItem> m_missing = std::make_unique<QQuickItem>();
 };
 
 } // namespace Zorvane::Testing
