@@ -139,6 +139,9 @@ private Q_SLOTS:
         m_app.type(m_app.control("CommonNameCtrl"), u"Jane Signer"_s);
         m_app.click(m_app.control("ValidDaysCtrl"));
         QTest::keyClick(m_app.window, Qt::Key_Up); // 366, which the model keeps as 1
+        m_app.click(m_app.control("KeySizeCtrl"));
+        QTest::keyClick(m_app.window, Qt::Key_Down); // 3072
+        QTest::keyClick(m_app.window, Qt::Key_Return);
         m_app.answer = m_app.path(u"signer"_s);
         // Pressed by an assistive tool, as a click would.
         m_app.statesDuring([&] { QVERIFY(accessiblePress(m_app.control("GeneratePkcs12Button"))); },
@@ -154,6 +157,7 @@ private Q_SLOTS:
         QCOMPARE(certificateExtensions(certificate.get()),
                  QStringList{u"X509v3 Key Usage: Digital Signature"_s});
         QCOMPARE(validitySeconds(certificate.get()), 86400); // 366 typed, the smaller of it and 1
+        QCOMPARE(EVP_PKEY_get_bits(X509_get0_pubkey(certificate.get())), 3072);
     }
 
     void requestRun()
