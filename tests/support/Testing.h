@@ -38,7 +38,7 @@ runSelf(const QStringList& arguments,
     if (!child.waitForFinished(60000)) {
         child.kill();
         child.waitForFinished();
-        return {true, -1, {}, QStringLiteral("(timed out)")};
+        return {false, -1, {}, QStringLiteral("(timed out)")};
     }
     const QString out = QString::fromUtf8(child.readAllStandardOutput());
     return {child.exitStatus() == QProcess::CrashExit, child.exitCode(), out,
