@@ -129,7 +129,7 @@ private Q_SLOTS:
         QCOMPARE(nameEntries(X509_get_subject_name(certificate.get())),
                  QStringList{u"CN=host.example"_s});
         QCOMPARE(EVP_PKEY_get_bits(X509_get0_pubkey(certificate.get())), 2048);
-        QVERIFY(readPrivateKey(key, "pw"));
+        QVERIFY(readPrivateKey(key, "pw") && !readPrivateKey(key, "not pw")); // encrypted
     }
 
     void selfSignedBundleRun()
