@@ -11,6 +11,7 @@
 #include <future>
 #include <sys/resource.h>
 #include <sys/stat.h>
+#include <sys/sysmacros.h>
 #include <thread>
 #include <unistd.h>
 
@@ -155,7 +156,7 @@ private Q_SLOTS:
         // clang-format off
         QTest::newRow("pipe without a reader") << u"fifo"_s << u"no such file"_s;
         QTest::newRow("pipe with a reader") << u"fifo+reader"_s << u"system lib"_s;
-        QTest::newRow("device") << u"/dev/null"_s << u"system lib"_s;
+        QTest::newRow("device") << u"device"_s << u"system lib"_s;
         QTest::newRow("another user's link") << u"foreign link"_s << u"system lib"_s;
         QTest::newRow("another user's file") << u"foreign file"_s << u"system lib"_s;
         QTest::newRow("the user's own link to a file") << u"own link"_s << QString();
@@ -168,8 +169,10 @@ private Q_SLOTS:
         QFETCH(QString, target);
         QFETCH(QString, reason);
         QTemporaryDir dir;
+        // Readable by others, so that a refused target shows whether it was
+        // restricted all the same.
         const QByteArray fifo = dir.filePath(u"fifo"_s).toUtf8();
-        QCOMPARE(mkfifo(fifo.constData(), 0600), 0);
+        QVERIFY(mkfifo(fifo.constData(), 0644) == 0 && chmod(fifo.constData(), 0644) == 0);
         const QByteArray file = dir.filePath(u"file"_s).toUtf8();
         QFile(QString::fromUtf8(file)).open(QIODevice::WriteOnly);
         QByteArray path = dir.filePath(u"out.key"_s).toUtf8();
@@ -180,8 +183,14 @@ private Q_SLOTS:
             if (target.endsWith(u"reader"_s)) {
                 reader = open(fifo.constData(), O_RDONLY | O_NONBLOCK);
             }
-        } else if (target.startsWith(u'/')) {
-            path = target.toUtf8();
+        } else if (target == u"device"_s) {
+            // A null device of the test's own where it may make one (root),
+            // so that nothing done to it reaches the system's.
+            path = dir.filePath(u"null"_s).toUtf8();
+            if (mknod(path.constData(), S_IFCHR | 0666, makedev(1, 3)) != 0 ||
+                chmod(path.constData(), 0666) != 0) {
+                path = "/dev/null";
+            }
         } else if (target == u"foreign file"_s) {
             path = file;
             if (chown(path.constData(), 65534, 65534) != 0) {
@@ -199,6 +208,7 @@ private Q_SLOTS:
             }
         }
 
+        const std::optional<unsigned> modeBefore = fileMode(QString::fromUtf8(path));
         auto opening = std::async(std::launch::async, [&] {
             return raised([&] {
                 const BioPtr bio = OpenOutputBio(path.toStdString(), FileAccess::OwnerOnly);
@@ -218,6 +228,7 @@ private Q_SLOTS:
         } else {
             QCOMPARE(failureText(ec), u"[ssl:%1] %2"_s.arg(ec.value()).arg(reason));
             QCOMPARE(QFileInfo(QString::fromUtf8(file)).size(), 0);
+            QCOMPARE(fileMode(QString::fromUtf8(path)), modeBefore); // not even restricted
         }
         if (reader >= 0) {
             char byte = 0;
