@@ -388,7 +388,10 @@ private Q_SLOTS:
             values.Insert(u"ChosenAlgorithms"_s, u"SHA1,MD5"_s);
             values.Insert(u"Number"_s, 42);
         }
-        const SettingsValues reread(file); // a new reader, from disk
+        // Read from a copy: QSettings keeps what this process wrote in memory,
+        // and would hand back the values as they were given.
+        QVERIFY(QFile::copy(file, file + u".copy"_s));
+        const SettingsValues reread(file + u".copy"_s);
         QCOMPARE(reread.Lookup(u"WindowPlacement"_s), QVariant(placement));
         QCOMPARE(reread.Lookup(u"WindowPlacement"_s).toMap().value(u"showCmd"_s).typeId(),
                  QMetaType::UInt);
@@ -397,7 +400,7 @@ private Q_SLOTS:
         QVERIFY(!reread.Lookup(u"Missing"_s).isValid());
 
         // A value typed into the file by hand reads as the text it is.
-        QSettings(file, QSettings::IniFormat).setValue(u"Hand"_s, u"MD5"_s);
+        QSettings(file + u".copy"_s, QSettings::IniFormat).setValue(u"Hand"_s, u"MD5"_s);
         QCOMPARE(reread.Lookup(u"Hand"_s), QVariant(u"MD5"_s));
     }
 };
