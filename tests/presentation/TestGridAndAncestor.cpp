@@ -139,12 +139,14 @@ private Q_SLOTS:
         QQmlEngine engine;
         QQmlComponent component(&engine);
         // The probe stands in a plain item inside the nearer grid: the
-        // plain item is the nearest QQuickItem by its most derived class.
+        // plain item is the nearest QQuickItem by its most derived class. The
+        // nearer grid has a property of its own, so its class is one the
+        // markup made on top of the grid's.
         component.setData(
             "import QtQuick\nimport Zorvane\n"
             "DefinitionGrid { objectName: \"far\"\n"
             " NavigationViewItem { objectName: \"middle\"\n"
-            "  DefinitionGrid { objectName: \"near\"\n"
+            "  DefinitionGrid { objectName: \"near\"; property int own\n"
             "   Item { objectName: \"plain\"; Item { objectName: \"probe\" } } } } }\n",
             QUrl());
         std::unique_ptr<QObject> root(component.create());
