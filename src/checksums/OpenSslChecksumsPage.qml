@@ -41,24 +41,20 @@ OpenSslChecksumsPage {
             Label { text: "Digests"; font.weight: Font.DemiBold }
             RowLayout {
                 spacing: 6
-                Button {
+                PushButton {
                     id: allButton
 
                     objectName: "AllButton"
                     text: "All"
                     Accessible.name: "Choose every digest"
-                    // An assistive tool presses it as a pointer does.
-                    Accessible.onPressAction: if (enabled) clicked()
                     onClicked: page.SelectAllClick()
                 }
-                Button {
+                PushButton {
                     id: noneButton
 
                     objectName: "NoneButton"
                     text: "None"
                     Accessible.name: "Choose no digest"
-                    // An assistive tool presses it as a pointer does.
-                    Accessible.onPressAction: if (enabled) clicked()
                     onClicked: page.SelectNoneClick()
                 }
             }
@@ -117,26 +113,22 @@ OpenSslChecksumsPage {
 
             RowLayout {
                 spacing: 8
-                Button {
+                PushButton {
                     id: fileButton
 
                     objectName: "FileButton"
                     text: "Choose File\u2026"
                     highlighted: true
                     Accessible.name: "Choose the file to check"
-                    // An assistive tool presses it as a pointer does.
-                    Accessible.onPressAction: if (enabled) clicked()
                     onClicked: page.SelectFileClick()
                 }
-                Button {
+                PushButton {
                     id: copyAllButton
 
                     objectName: "CopyAllButton"
                     text: "Copy All"
                     enabled: Helpers.StringToEnabled(fileNameBox.text)
                     Accessible.name: "Copy the path, the size and every checksum"
-                    // An assistive tool presses it as a pointer does.
-                    Accessible.onPressAction: if (enabled) clicked()
                     onClicked: page.CopyAllClick()
                 }
                 ProgressRing {
@@ -175,13 +167,13 @@ OpenSslChecksumsPage {
                     Accessible.name: text
                     Accessible.description: "Size in bytes"
                 }
-                ToolButton {
+                PushButton {
+                    flat: true
                     objectName: "SizeCopyButton"
                     DefinitionGrid.column: 2
                     text: "Copy"
                     visible: Helpers.StringToVisibility(sizeOutput.text) === 0
                     Accessible.name: ToolTip.text
-                    Accessible.onPressAction: if (enabled) clicked()
                     ToolTip.visible: hovered
                     ToolTip.text: Helpers.FormatString("Copy {0}", "Size (Bytes)", Helpers.UserLocaleName)
                     onClicked: page.CopyTextClick(this)
@@ -232,13 +224,13 @@ OpenSslChecksumsPage {
                                 Accessible.name: text
                                 Accessible.description: (resultRow.algo?.ShortName ?? "") + " checksum"
                             }
-                            ToolButton {
+                            PushButton {
+                                flat: true
                                 objectName: "Copy_" + (resultRow.algo?.ShortName ?? "")
                                 DefinitionGrid.column: 2
                                 text: "Copy"
                                 visible: Helpers.StringToVisibility((resultRow.algo?.Checksum ?? "")) === 0
                                 Accessible.name: ToolTip.text
-                                Accessible.onPressAction: if (enabled) clicked()
                                 ToolTip.visible: hovered
                                 ToolTip.text: Helpers.FormatString("Copy {0}", (resultRow.algo?.ShortName ?? ""), Helpers.UserLocaleName)
                                 onClicked: page.CopyTextClick(this)

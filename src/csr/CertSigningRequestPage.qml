@@ -213,13 +213,12 @@ CertSigningRequestPage {
                 Layout.topMargin: 18
                 spacing: 10
 
-                Button {
+                PushButton {
                     objectName: "GenerateButton"
                     text: "Generate Request\u2026"
                     highlighted: true
                     enabled: Helpers.StringToEnabled(commonNameCtrl.text)
                     Accessible.name: "Generate the request and its key"
-                    Accessible.onPressAction: if (enabled) clicked()
                     onClicked: page.OnGenerateClick(this)
                 }
                 ProgressRing {

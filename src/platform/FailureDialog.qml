@@ -1,5 +1,6 @@
 import QtQuick
 import QtQuick.Controls
+import Zorvane
 
 // A failure of a generation: the flow's title, the wording of the code, and
 // one button. Goes away when closed.
@@ -15,10 +16,9 @@ Dialog {
     width: Math.min(parent ? parent.width - 48 : 480, 520)
     // One "OK", which an assistive tool can press as a pointer does.
     footer: DialogButtonBox {
-        Button {
+        PushButton {
             objectName: "FailureOkButton"
             text: "OK"
-            Accessible.onPressAction: if (enabled) clicked()
             onClicked: dialog.accept()
         }
     }

@@ -2,14 +2,21 @@
 
 #include "platform/PortalFileChooser.h"
 
+#include "certs/output_paths.h"
+
 #include <QCoreApplication>
 #include <QFile>
 #include <QFileDialog>
+#include <QMessageBox>
 #include <QPointer>
+#include <QQuickItem>
+#include <QQuickWindow>
 #include <QSettings>
 #include <QWindow>
 
 #include <memory>
+
+#include <sys/stat.h>
 
 namespace Zorvane {
 
@@ -74,6 +81,116 @@ void showDialog(QWindow* owner, const FilePickRequest& request, FilePickDone don
     dialog->open();
 }
 
+// While a chooser or its question is open, the window that asked takes no
+// input, from the pointer, the keys or an assistive tool alike, as the owner
+// of a modal dialog does; the focus comes back where it was.
+class InputBlock
+{
+public:
+    explicit InputBlock(QWindow* owner)
+    {
+        auto* window = qobject_cast<QQuickWindow*>(owner);
+        if (window != nullptr && window->contentItem()->isEnabled()) {
+            m_content = window->contentItem();
+            m_focus = window->activeFocusItem();
+            m_content->setEnabled(false);
+        }
+    }
+    ~InputBlock()
+    {
+        if (m_content) {
+            m_content->setEnabled(true);
+            if (m_focus && !m_focus->hasActiveFocus() && m_focus->isEnabled()) {
+                m_focus->forceActiveFocus(Qt::OtherFocusReason);
+            }
+        }
+    }
+    InputBlock(const InputBlock&) = delete;
+    InputBlock& operator=(const InputBlock&) = delete;
+
+private:
+    QPointer<QQuickItem> m_content;
+    QPointer<QQuickItem> m_focus;
+};
+
+bool exists(const QByteArray& path, bool followLink)
+{
+    struct stat info = {};
+    return (followLink ? ::stat(path.constData(), &info) : ::lstat(path.constData(), &info)) == 0;
+}
+
+// The toolkit's own overwrite question, modal to the window; a "no" is a cancel.
+void askToReplace(QWindow* owner, const QByteArray& path, std::function<void(bool)> answer)
+{
+    auto* box = new QMessageBox(QMessageBox::Warning, QStringLiteral("Save As"),
+                                QStringLiteral("%1 already exists.\nDo you want to replace it?")
+                                    .arg(QFile::decodeName(path).section(QLatin1Char('/'), -1)),
+                                QMessageBox::Yes | QMessageBox::No);
+    box->setObjectName(QStringLiteral("ReplaceQuestion"));
+    box->setDefaultButton(QMessageBox::No);
+    box->setAttribute(Qt::WA_DeleteOnClose);
+    if (owner != nullptr) {
+        box->setWindowModality(Qt::WindowModal);
+        box->winId();
+        box->windowHandle()->setTransientParent(owner);
+    }
+    auto once = std::make_shared<std::function<void(bool)>>(std::move(answer));
+    const auto finish = [once](bool replace) {
+        if (*once) {
+            auto call = std::move(*once);
+            *once = nullptr;
+            call(replace);
+        }
+    };
+    QObject::connect(box, &QMessageBox::finished, box,
+                     [finish](int button) { finish(button == QMessageBox::Yes); });
+    QObject::connect(box, &QObject::destroyed, [finish] { finish(false); });
+    box->open();
+}
+
+// One question to the chooser, on whichever road answers.
+void ask(QWindow* owner, const FilePickRequest& request, FilePickDone done)
+{
+    if (handler()) {
+        handler()(owner, request, std::move(done));
+    } else {
+        PickThroughPortal(owner, request, done,
+                          [owner = QPointer<QWindow>(owner), request, done] {
+                              showDialog(owner, request, done);
+                          });
+    }
+}
+
+// What the platform's pickers guarantee, whatever answered: an open picker
+// gives only a file that exists (another name is asked for again), and the
+// file that a save will write is one the user was asked about. A chooser that
+// checked a bare name has not asked about that name with its extension added.
+void pickChecked(QPointer<QWindow> owner, FilePickRequest request, FilePickDone done)
+{
+    ask(owner, request, [owner, request, done](std::optional<QByteArray> path) {
+        if (!path) {
+            done(std::nullopt);
+        } else if (request.mode == FilePickRequest::Mode::Open) {
+            if (exists(*path, true)) {
+                done(std::move(path));
+            } else {
+                pickChecked(owner, request, done);
+            }
+        } else {
+            const std::string extension = request.defaultExtension.toStdString();
+            const std::string completed = with_default_extension(path->toStdString(), extension);
+            if (completed == path->toStdString() || !exists(QByteArray::fromStdString(completed), false)) {
+                done(std::move(path));
+            } else {
+                askToReplace(owner, QByteArray::fromStdString(completed),
+                             [path, done](bool replace) {
+                                 done(replace ? path : std::nullopt);
+                             });
+            }
+        }
+    });
+}
+
 } // namespace
 
 void SetFilePickHandler(FilePickHandler replacement)
@@ -88,20 +205,16 @@ PickFileAsync::PickFileAsync(QWindow* owner, FilePickRequest request)
 void PickFileAsync::await_suspend(std::coroutine_handle<> handle)
 {
     // The answer may come at once; the coroutine goes on from the event loop
-    // either way, never from inside this call.
-    FilePickDone done = [this, handle](std::optional<QByteArray> path) {
+    // either way, never from inside this call. The window is given back its
+    // input before it goes on.
+    auto block = std::make_shared<std::unique_ptr<InputBlock>>(std::make_unique<InputBlock>(m_owner));
+    FilePickDone done = [this, handle, block](std::optional<QByteArray> path) {
+        block->reset();
         m_result = std::move(path);
         QMetaObject::invokeMethod(
             QCoreApplication::instance(), [handle] { handle.resume(); }, Qt::QueuedConnection);
     };
-    if (handler()) {
-        handler()(m_owner, m_request, std::move(done));
-    } else {
-        PickThroughPortal(m_owner, m_request, done,
-                          [owner = QPointer<QWindow>(m_owner), request = m_request, done] {
-                              showDialog(owner, request, done);
-                          });
-    }
+    pickChecked(m_owner, m_request, std::move(done));
 }
 
 } // namespace Zorvane

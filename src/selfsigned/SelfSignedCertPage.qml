@@ -161,23 +161,21 @@ SelfSignedCertPage {
                 Layout.topMargin: 18
                 spacing: 10
 
-                Button {
+                PushButton {
                     objectName: "GeneratePemButton"
                     property string tag: "PEM"
                     text: "Generate PEM Files\u2026"
                     highlighted: true
                     enabled: Helpers.StringToEnabled(commonNameCtrl.text)
                     Accessible.name: "Generate the certificate and key as PEM files"
-                    Accessible.onPressAction: if (enabled) clicked()
                     onClicked: page.OnGenerateClick(this)
                 }
-                Button {
+                PushButton {
                     objectName: "GeneratePkcs12Button"
                     property string tag: "PKCS#12"
                     text: "Generate PKCS#12 Bundle\u2026"
                     enabled: Helpers.StringToEnabled(commonNameCtrl.text)
                     Accessible.name: "Generate the certificate and key as one PKCS#12 bundle"
-                    Accessible.onPressAction: if (enabled) clicked()
                     onClicked: page.OnGenerateClick(this)
                 }
                 ProgressRing {

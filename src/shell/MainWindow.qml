@@ -101,7 +101,7 @@ ApplicationWindow {
             anchors.right: parent.right
             height: parent.height
 
-            component CaptionButton: AbstractButton {
+            component CaptionButton: PushButton {
                 id: captionButton
 
                 property bool danger: false
@@ -124,8 +124,6 @@ ApplicationWindow {
                          : Window.active ? palette.windowText : palette.disabled.windowText
                 }
                 Accessible.name: captionButton.Accessible.description
-                // An assistive tool presses it as a pointer does.
-                Accessible.onPressAction: if (enabled) clicked()
             }
 
             CaptionButton {
@@ -214,7 +212,9 @@ ApplicationWindow {
                 Layout.topMargin: 16
                 spacing: 8
 
-                ToolButton {
+                PushButton {
+
+                    flat: true
                     id: paneToggle
 
                     objectName: "PaneToggleButton"
@@ -222,7 +222,6 @@ ApplicationWindow {
                     text: "\u2630"
                     font.pixelSize: 18
                     Accessible.name: qsTr("Open navigation")
-                    Accessible.onPressAction: if (enabled) clicked()
                     onClicked: navView.IsPaneOpen = true
                 }
 

@@ -189,6 +189,61 @@ private Q_SLOTS:
         QCOMPARE(fileMode(m_app.dir.filePath(u"www.key"_s)), std::optional<unsigned>(0600));
     }
 
+    // A box hands its text on when it loses the focus. A press of the generate
+    // button by an assistive tool, with the caret still in the box, moves the
+    // focus as a click does, so what was typed last is in the file.
+    void lastEditCountsWhenAnAssistiveToolPresses_data()
+    {
+        QTest::addColumn<int>("entry");
+        QTest::addColumn<QString>("box");
+        QTest::addColumn<QString>("typed");
+        QTest::addColumn<QString>("written");
+        QTest::newRow("self-signed name") << 1 << u"CommonNameCtrl"_s << u"typed.example"_s
+                                          << u"CN=typed.example"_s;
+        QTest::newRow("request name") << 2 << u"CommonNameCtrl"_s << u"typed.example"_s
+                                      << u"CN=typed.example"_s;
+        QTest::newRow("alternative names")
+            << 2 << u"AltNamesCtrl"_s << u"alt.example"_s << u"DNS:alt.example"_s;
+        QTest::newRow("organization") << 2 << u"OrganizationCtrl"_s << u"Typed"_s << u"O=Typed"_s;
+        QTest::newRow("unit") << 2 << u"OrganizationalUnitCtrl"_s << u"Typed"_s << u"OU=Typed"_s;
+        QTest::newRow("location") << 2 << u"LocationCtrl"_s << u"Typed"_s << u"L=Typed"_s;
+        QTest::newRow("state") << 2 << u"StateCtrl"_s << u"Typed"_s << u"ST=Typed"_s;
+        QTest::newRow("country") << 2 << u"CountryCodeCtrl"_s << u"NL"_s << u"C=NL"_s;
+    }
+
+    void lastEditCountsWhenAnAssistiveToolPresses()
+    {
+        QFETCH(int, entry);
+        QFETCH(QString, box);
+        QFETCH(QString, typed);
+        QFETCH(QString, written);
+        QVERIFY(m_app.open(entry, u"CommonNameCtrl"_s));
+        if (box != u"CommonNameCtrl"_s) {
+            m_app.type(m_app.control("CommonNameCtrl"), u"name.example"_s);
+        }
+        m_app.type(m_app.control(box), typed);
+        QVERIFY(m_app.control(box)->hasActiveFocus());
+        const QString stem = QString::fromLatin1(QTest::currentDataTag()).replace(u' ', u'-');
+        m_app.answer = m_app.path(stem);
+        const QString button = entry == 1 ? u"GeneratePemButton"_s : u"GenerateButton"_s;
+        m_app.statesDuring([&] { QVERIFY(accessiblePress(m_app.control(button))); },
+                           [&] { return !m_app.reveals.isEmpty(); });
+        QVERIFY(!m_app.reveals.isEmpty());
+        const QString file = QFile::decodeName(m_app.reveals.first().first());
+        QStringList entries;
+        if (entry == 1) {
+            const X509Ptr certificate = readCertificate(file);
+            QVERIFY(certificate);
+            entries = nameEntries(X509_get_subject_name(certificate.get()));
+        } else {
+            const X509ReqPtr request = readRequest(file);
+            QVERIFY(request);
+            entries = nameEntries(X509_REQ_get_subject_name(request.get())) +
+                      requestExtensions(request.get());
+        }
+        QVERIFY2(entries.join(u' ').contains(written), qPrintable(entries.join(u' ')));
+    }
+
     // Every text the request page's view model holds reaches the request (or,
     // the pass phrase, its key): a field added to the form but not copied
     // into the settings fails here, whatever it is called.
