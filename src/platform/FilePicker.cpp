@@ -1,8 +1,7 @@
 #include "platform/FilePicker.h"
 
-#include "platform/PortalFileChooser.h"
-
 #include "certs/output_paths.h"
+#include "platform/PortalFileChooser.h"
 
 #include <QCoreApplication>
 #include <QFile>
@@ -15,7 +14,6 @@
 #include <QWindow>
 
 #include <memory>
-
 #include <sys/stat.h>
 
 namespace Zorvane {
@@ -154,10 +152,9 @@ void ask(QWindow* owner, const FilePickRequest& request, FilePickDone done)
     if (handler()) {
         handler()(owner, request, std::move(done));
     } else {
-        PickThroughPortal(owner, request, done,
-                          [owner = QPointer<QWindow>(owner), request, done] {
-                              showDialog(owner, request, done);
-                          });
+        PickThroughPortal(owner, request, done, [owner = QPointer<QWindow>(owner), request, done] {
+            showDialog(owner, request, done);
+        });
     }
 }
 
@@ -179,13 +176,12 @@ void pickChecked(QPointer<QWindow> owner, FilePickRequest request, FilePickDone 
         } else {
             const std::string extension = request.defaultExtension.toStdString();
             const std::string completed = with_default_extension(path->toStdString(), extension);
-            if (completed == path->toStdString() || !exists(QByteArray::fromStdString(completed), false)) {
+            if (completed == path->toStdString() ||
+                !exists(QByteArray::fromStdString(completed), false)) {
                 done(std::move(path));
             } else {
                 askToReplace(owner, QByteArray::fromStdString(completed),
-                             [path, done](bool replace) {
-                                 done(replace ? path : std::nullopt);
-                             });
+                             [path, done](bool replace) { done(replace ? path : std::nullopt); });
             }
         }
     });
@@ -207,7 +203,8 @@ void PickFileAsync::await_suspend(std::coroutine_handle<> handle)
     // The answer may come at once; the coroutine goes on from the event loop
     // either way, never from inside this call. The window is given back its
     // input before it goes on.
-    auto block = std::make_shared<std::unique_ptr<InputBlock>>(std::make_unique<InputBlock>(m_owner));
+    auto block =
+        std::make_shared<std::unique_ptr<InputBlock>>(std::make_unique<InputBlock>(m_owner));
     FilePickDone done = [this, handle, block](std::optional<QByteArray> path) {
         block->reset();
         m_result = std::move(path);

@@ -198,10 +198,10 @@ private Q_SLOTS:
         QTest::addColumn<QString>("box");
         QTest::addColumn<QString>("typed");
         QTest::addColumn<QString>("written");
-        QTest::newRow("self-signed name") << 1 << u"CommonNameCtrl"_s << u"typed.example"_s
-                                          << u"CN=typed.example"_s;
-        QTest::newRow("request name") << 2 << u"CommonNameCtrl"_s << u"typed.example"_s
-                                      << u"CN=typed.example"_s;
+        QTest::newRow("self-signed name")
+            << 1 << u"CommonNameCtrl"_s << u"typed.example"_s << u"CN=typed.example"_s;
+        QTest::newRow("request name")
+            << 2 << u"CommonNameCtrl"_s << u"typed.example"_s << u"CN=typed.example"_s;
         QTest::newRow("alternative names")
             << 2 << u"AltNamesCtrl"_s << u"alt.example"_s << u"DNS:alt.example"_s;
         QTest::newRow("organization") << 2 << u"OrganizationCtrl"_s << u"Typed"_s << u"O=Typed"_s;
@@ -242,6 +242,28 @@ private Q_SLOTS:
                       requestExtensions(request.get());
         }
         QVERIFY2(entries.join(u' ').contains(written), qPrintable(entries.join(u' ')));
+    }
+
+    // While the chooser is open the window takes no input, as the owner of a
+    // modal dialog: no second chooser from an assistive tool's press or a
+    // click, no keys. The focus is back where it was when the chooser goes.
+    void noInputWhileTheChooserIsOpen()
+    {
+        QVERIFY(m_app.open(1, u"CommonNameCtrl"_s));
+        m_app.type(m_app.control("CommonNameCtrl"), u"host.example"_s);
+        m_app.holding = true;
+        m_app.click(m_app.control("GeneratePkcs12Button"));
+        QCOMPARE(m_app.requests.size(), 1);
+        accessiblePress(m_app.control("GeneratePkcs12Button"));
+        m_app.click(m_app.control("GeneratePemButton"));
+        m_app.click(m_app.control("CommonNameCtrl"));
+        typeText(m_app.window, u"x"_s);
+        QTest::qWait(50);
+        QCOMPARE(m_app.requests.size(), 1);
+        m_app.holding = false;
+        std::exchange(m_app.held, nullptr)(std::nullopt);
+        QTRY_VERIFY(m_app.control("GeneratePkcs12Button")->hasActiveFocus());
+        QCOMPARE(m_app.text(u"CommonNameCtrl"_s), u"host.example"_s);
     }
 
     // Every text the request page's view model holds reaches the request (or,

@@ -23,11 +23,14 @@
 #include <QGuiApplication>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QMessageBox>
 #include <QPointF>
+#include <QPushButton>
 #include <QRectF>
 #include <QSettings>
 #include <QStyleHints>
 #include <QTimer>
+#include <QUrl>
 
 // Stands in for the desktop portal's settings: a color-scheme to read, and
 // its change signal.
@@ -62,7 +65,9 @@ public:
     QString method;
     QVariantMap options;
     uint response = 0;
-    QStringList uris;
+    QStringList uris;  ///< the first answer
+    QStringList later; ///< the answer to every later call
+    int calls = 0;
 
 public Q_SLOTS:
     QDBusObjectPath OpenFile(const QString&, const QString&, const QVariantMap& asked)
@@ -84,7 +89,7 @@ private:
                                asked.value(u"handle_token"_s).toString();
         QDBusMessage signal =
             QDBusMessage::createSignal(handle, u"org.freedesktop.portal.Request"_s, u"Response"_s);
-        signal << response << QVariantMap{{u"uris"_s, uris}};
+        signal << response << QVariantMap{{u"uris"_s, calls++ == 0 ? uris : later}};
         QTimer::singleShot(10, this, [bus = connection(), signal] { bus.send(signal); });
         return QDBusObjectPath(handle);
     }
@@ -238,6 +243,78 @@ private Q_SLOTS:
         const QList<PortalFilter> pem{{u"PEM"_s, {u"*.crt"_s}}};
         QCOMPARE(filters, save ? pem : QList<PortalFilter>());
         QVERIFY(!portal.options.contains(u"current_name"_s)); // no name is suggested
+    }
+
+    // What the desktop's chooser answers is held to what the platform's own
+    // pickers promise: a bare name that a save completes with its extension is
+    // asked about when a file stands under the completed name (a "no" is a
+    // cancel); an open that answers a name that does not exist asks again.
+    void chooserAnswersChecked_data()
+    {
+        QTest::addColumn<bool>("save");
+        QTest::addColumn<QStringList>("answers");
+        QTest::addColumn<QString>("existing");
+        QTest::addColumn<int>("reply"); ///< to the question; 0 where none may come
+        QTest::addColumn<QString>("picked");
+        const int yes = QMessageBox::Yes;
+        const int no = QMessageBox::No;
+        QTest::newRow("bare name onto a file, replaced")
+            << true << QStringList{u"server"_s} << u"server.crt"_s << yes << u"server"_s;
+        QTest::newRow("bare name onto a file, kept")
+            << true << QStringList{u"server"_s} << u"server.crt"_s << no << QString();
+        QTest::newRow("bare name, nothing there")
+            << true << QStringList{u"server"_s} << u"server"_s << 0 << u"server"_s;
+        QTest::newRow("typed extension, asked by the chooser")
+            << true << QStringList{u"server.crt"_s} << u"server.crt"_s << 0 << u"server.crt"_s;
+        QTest::newRow("open, a typo asks again")
+            << false << QStringList{u"data.bni"_s, u"data.bin"_s} << u"data.bin"_s << 0
+            << u"data.bin"_s;
+        QTest::newRow("open, a mangled name asks again")
+            << false << QStringList{u"caf\uFFFD"_s, u"data.bin"_s} << u"data.bin"_s << 0
+            << u"data.bin"_s;
+    }
+
+    void chooserAnswersChecked()
+    {
+        QFETCH(bool, save);
+        QFETCH(QStringList, answers);
+        QFETCH(QString, existing);
+        QFETCH(int, reply);
+        QFETCH(QString, picked);
+        QTemporaryDir dir;
+        QVERIFY(QFile(dir.filePath(existing)).open(QIODevice::WriteOnly));
+        const auto uri = [&](const QString& name) {
+            return QUrl::fromLocalFile(dir.filePath(name)).toString(QUrl::FullyEncoded);
+        };
+        FakeFileChooser portal;
+        portal.uris = {uri(answers.first())};
+        portal.later = {uri(answers.last())};
+        registerFake(&portal);
+        FilePickRequest request = pemSave();
+        request.mode = save ? FilePickRequest::Mode::Save : FilePickRequest::Mode::Open;
+        std::optional<QByteArray> answer;
+        bool answered = false;
+        pickInto(request, &answer, &answered);
+        const auto question = [] {
+            for (QWidget* widget : QApplication::topLevelWidgets()) {
+                if (auto* box = qobject_cast<QMessageBox*>(widget); box && box->isVisible()) {
+                    return box;
+                }
+            }
+            return static_cast<QMessageBox*>(nullptr);
+        };
+        QTRY_VERIFY(answered || question());
+        if (reply != 0) {
+            QVERIFY(question());
+            QCOMPARE(question()->text(),
+                     u"server.crt already exists.\nDo you want to replace it?"_s);
+            question()->button(static_cast<QMessageBox::StandardButton>(reply))->click();
+            QTRY_VERIFY(answered);
+        }
+        QVERIFY(!question());
+        QCOMPARE(answer, picked.isEmpty() ? std::nullopt
+                                          : std::optional(QFile::encodeName(dir.filePath(picked))));
+        QCOMPARE(portal.calls, answers.size());
     }
 
     void cleanup()

@@ -23,6 +23,8 @@ public:
     QQuickWindow* window = nullptr;
     QList<FilePickRequest> requests;  ///< what the picker was asked
     std::optional<QByteArray> answer; ///< what it answers; nothing is a cancel
+    bool holding = false;             ///< the picker stays open, its answer kept in held
+    FilePickDone held;
     QList<QList<QByteArray>> reveals; ///< what the file manager was asked to show
     QSize firstSize;                  ///< the window's size as the program chose it
 
@@ -31,7 +33,11 @@ public:
     {
         SetFilePickHandler([this](QWindow*, const FilePickRequest& request, FilePickDone done) {
             requests << request;
-            done(answer);
+            if (holding) {
+                held = std::move(done);
+            } else {
+                done(answer);
+            }
         });
         FileManager::SetRevealHandler([this](const QList<QByteArray>& paths) { reveals << paths; });
         app = std::make_unique<App>();
