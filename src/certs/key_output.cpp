@@ -52,6 +52,12 @@ private:
 
 constexpr mode_t OwnerReadWrite = S_IRUSR | S_IWUSR;
 
+// How a file system that keeps no permission bits answers a change of them.
+bool refused_as_unsupported(int error)
+{
+    return error == EPERM || error == ENOTSUP || error == EOPNOTSUPP;
+}
+
 // Opens the file that receives a secret. It is born owner-only, so nobody
 // else can open it in between; it is never a pipe, device or socket (opening
 // does not block on a pipe without a reader, and nothing is written before
@@ -90,9 +96,10 @@ int open_secret_file(const std::string& path)
         raise_system_error(EPERM, "open", path);
     }
     // An existing file may have been readable by others: restricted before it
-    // is emptied and written. A file made just now is owner-only already, and
-    // a file system without permission bits (FAT) refuses the call.
-    if (::fchmod(fd, OwnerReadWrite) != 0 && !created) {
+    // is emptied and written. A file system without permission bits (FAT,
+    // exFAT) refuses the call for every file alike, new or existing: there the
+    // mount decides who reads, and the user's own file is written all the same.
+    if (::fchmod(fd, OwnerReadWrite) != 0 && !refused_as_unsupported(errno)) {
         raise_system_error(errno, "fchmod", path);
     }
     if (!created && ::ftruncate(fd, 0) != 0) {
