@@ -1,8 +1,9 @@
 #!/usr/bin/python3
 """The program driven through the accessibility bus alone, as a screen-reader
-user would: no mouse, no keys. Writes a self-signed certificate as PEM files
+user would: no mouse. Writes a self-signed certificate as PEM files
 and as a PKCS#12 bundle, and a signing request (the texts written into their
-boxes, the file named in the save dialog) and checks them with the openssl
+boxes, the country typed with the keyboard and left with the caret in its box,
+the file named in the save dialog) and checks them with the openssl
 command; then opens the checksum page, ticks MD5, picks the file and reads the
 size and the checksum back as the page exposes them; then closes the window.
 Usage: drive.py FILE"""
@@ -90,11 +91,19 @@ def write(role, name, text):
     box.queryEditableText().setTextContents(text)
 
 
+def type_keys(role, name, text):
+    """Into the box with the keyboard, through the display, as a person types;
+    the caret stays there."""
+    act(find(app, role, name), "setfocus")
+    time.sleep(0.3)
+    pyatspi.Registry.generateKeyboardEvent(0, text, pyatspi.KEY_STRING)
+    time.sleep(0.5)
+
+
 def generate(button_name, stem, written):
-    """Presses the button, names the file, and waits until the last file is whole."""
-    button = find(app, "push button", button_name)
-    act(button, "setfocus")  # leaving a box hands its text on, as Tab does
-    act(button, "press")
+    """Presses the button, with the focus wherever it was, names the file, and
+    waits until the last file is whole."""
+    act(find(app, "push button", button_name), "press")
     name_file_in_dialog(stem, ("Save", "&Save"))
     deadline = time.time() + 90
     while time.time() < deadline and not (os.path.exists(written) and os.path.getsize(written) > 0):
@@ -139,8 +148,8 @@ print("bundle: opened with its pass phrase")
 act(find(app, "page tab", "Certificate Signing Request"), "press")
 write("text", "Common Name", "req.example")
 write("text", "Organization", "E2E Ltd")
-write("text", "Country code", "NZ")
 write("password text", "Pass phrase", "request-secret")
+type_keys("text", "Country code", "NZ")  # typed last: the press must hand it on
 request = os.path.join(folder, "req.csr")
 generate("Generate the request and its key", os.path.join(folder, "req"), os.path.join(folder, "req.key"))
 subject = openssl("req", "-in", request, "-noout", "-subject", "-verify")
