@@ -202,14 +202,18 @@ void PickFileAsync::await_suspend(std::coroutine_handle<> handle)
 {
     // The answer may come at once; the coroutine goes on from the event loop
     // either way, never from inside this call. The window is given back its
-    // input before it goes on.
+    // input there too, once the chooser has gone.
     auto block =
         std::make_shared<std::unique_ptr<InputBlock>>(std::make_unique<InputBlock>(m_owner));
     FilePickDone done = [this, handle, block](std::optional<QByteArray> path) {
-        block->reset();
         m_result = std::move(path);
         QMetaObject::invokeMethod(
-            QCoreApplication::instance(), [handle] { handle.resume(); }, Qt::QueuedConnection);
+            QCoreApplication::instance(),
+            [handle, block] {
+                block->reset();
+                handle.resume();
+            },
+            Qt::QueuedConnection);
     };
     pickChecked(m_owner, m_request, std::move(done));
 }
