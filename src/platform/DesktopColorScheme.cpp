@@ -1,6 +1,9 @@
 #include "platform/DesktopColorScheme.h"
 
+#include "platform/HResultError.h"
+
 #include <QDBusConnection>
+#include <QDBusError>
 #include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
@@ -38,8 +41,15 @@ DesktopColorScheme::DesktopColorScheme(QObject* parent)
     if (!bus.isConnected()) {
         return; // no session bus: no portal, light
     }
-    bus.connect(PortalService, PortalPath, SettingsInterface, QStringLiteral("SettingChanged"),
-                this, SLOT(onSettingChanged(QString, QString, QDBusVariant)));
+    // The D-Bus module finds the slot's argument types by name: the variant's
+    // must be known by its name first, or the subscription is refused and the
+    // preference never followed.
+    qRegisterMetaType<QDBusVariant>();
+    if (!bus.connect(PortalService, PortalPath, SettingsInterface, QStringLiteral("SettingChanged"),
+                     this, SLOT(onSettingChanged(QString, QString, QDBusVariant)))) {
+        throw HResultError(HResult::Fail,
+                           "SettingChanged: " + bus.lastError().message().toStdString());
+    }
     QDBusMessage read = QDBusMessage::createMethodCall(PortalService, PortalPath, SettingsInterface,
                                                        QStringLiteral("Read"));
     read << AppearanceGroup << ColorSchemeKey;
