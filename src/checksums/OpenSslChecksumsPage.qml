@@ -58,7 +58,7 @@ OpenSslChecksumsPage {
                     onClicked: page.SelectNoneClick()
                 }
             }
-            ScrollView {
+            ScrollArea {
                 Layout.fillWidth: true
                 Layout.fillHeight: true
                 contentWidth: availableWidth
@@ -168,9 +168,9 @@ OpenSslChecksumsPage {
                     Accessible.description: "Size in bytes"
                 }
                 PushButton {
-                    flat: true
                     objectName: "SizeCopyButton"
                     DefinitionGrid.column: 2
+                    flat: true
                     text: "Copy"
                     visible: Helpers.StringToVisibility(sizeOutput.text) === 0
                     Accessible.name: ToolTip.text
@@ -186,7 +186,8 @@ OpenSslChecksumsPage {
                 }
             }
 
-            ScrollView {
+            ScrollArea {
+                objectName: "ResultList"
                 Layout.fillWidth: true
                 Layout.fillHeight: true
                 contentWidth: availableWidth
@@ -225,9 +226,9 @@ OpenSslChecksumsPage {
                                 Accessible.description: (resultRow.algo?.ShortName ?? "") + " checksum"
                             }
                             PushButton {
-                                flat: true
                                 objectName: "Copy_" + (resultRow.algo?.ShortName ?? "")
                                 DefinitionGrid.column: 2
+                                flat: true
                                 text: "Copy"
                                 visible: Helpers.StringToVisibility((resultRow.algo?.Checksum ?? "")) === 0
                                 Accessible.name: ToolTip.text
@@ -236,6 +237,7 @@ OpenSslChecksumsPage {
                                 onClicked: page.CopyTextClick(this)
                             }
                             Label {
+                                objectName: "Label_" + (resultRow.algo?.ShortName ?? "")
                                 DefinitionGrid.column: 0
                                 text: Helpers.FormatString("{0}:", (resultRow.algo?.ShortName ?? ""), Helpers.UserLocaleName)
                                 topPadding: 2

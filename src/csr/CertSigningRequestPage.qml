@@ -39,7 +39,7 @@ CertSigningRequestPage {
         font.weight: Font.DemiBold
     }
 
-    ScrollView {
+    ScrollArea {
         anchors.fill: parent
         contentWidth: availableWidth
 
@@ -105,7 +105,7 @@ CertSigningRequestPage {
                 visible: Helpers.InverseBooleanToVisibility(forDigitalSigningCtrl.checked) === 0
 
                 FieldHeader { text: "Alternative names (one per line)" }
-                ScrollView {
+                ScrollArea {
                     Layout.fillWidth: true
                     Layout.preferredHeight: 104
                     padding: 1

@@ -32,7 +32,7 @@ SelfSignedCertPage {
     // From here on a control's change is the user's, however it was made.
     property bool controlsBound: false
 
-    ScrollView {
+    ScrollArea {
         anchors.fill: parent
         contentWidth: availableWidth
 
@@ -109,6 +109,10 @@ SelfSignedCertPage {
                         from: -36500
                         to: 36500
                         Accessible.name: "Valid for, in days"
+                        // Whole numbers as they are, without grouping, in any locale.
+                        textFromValue: function (value, locale) {
+                            return value.toString();
+                        }
                         // An emptied box, or text that does not parse, brings the
                         // old value back; a fraction is rounded down.
                         valueFromText: function (text, locale) {

@@ -76,11 +76,9 @@ void App::PrepareProcess()
 void App::OnLaunched()
 {
     m_window = std::make_unique<MainWindow>(*m_engine);
-    // The title texts take their colours from the palette at each activation;
-    // a change of the desktop's preference counts as one.
-    connect(m_colorScheme.get(), &DesktopColorScheme::Changed, m_window.get(), [this] {
-        RunHandler([&] { m_window->OnWindowActivated(m_window->Window()->isActive()); });
-    });
+    // The title texts take their colours from the palette at each activation
+    // only: a change of the desktop's preference while the window stays
+    // active leaves them as they are until the next one.
     m_window->Activate();
 }
 

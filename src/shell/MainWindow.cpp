@@ -317,7 +317,11 @@ FireAndForget MainWindow::LoadSettingsAsync()
     // has first been shown, from the event loop.
     co_await UiContext::Capture();
     const SettingsValues values = ApplicationData::Current().LocalSettingsValues();
-    ReadPlacement(values, m_window.get(), m_normalGeometry);
+    // A window restored maximised never shows its normal geometry, which is
+    // what the next close must keep.
+    if (const auto normal = ReadPlacement(values, m_window.get(), m_normalGeometry)) {
+        m_normalGeometry = *normal;
+    }
 }
 
 void MainWindow::SaveWindowPlacement()
@@ -378,8 +382,9 @@ constexpr QSize PreferredSize{1100, 720};
 void MainWindow::Activate()
 {
     // The platform's default first size: what the window was designed for where
-    // that fits, otherwise nine tenths of the available screen, at its top
-    // left. A restored placement comes a moment later and wins.
+    // that fits, otherwise nine tenths of the available screen. Where it goes
+    // is the window manager's choice. A restored placement comes a moment
+    // later and wins.
     if (const QScreen* screen = m_window->screen()) {
         const QRect available = screen->availableGeometry();
         const QSize size(std::clamp(std::min(PreferredSize.width(), available.width() * 9 / 10),
@@ -388,9 +393,7 @@ void MainWindow::Activate()
                          std::clamp(std::min(PreferredSize.height(), available.height() * 9 / 10),
                                     std::min(MinimumUsableSize.height(), available.height()),
                                     available.height()));
-        QRect geometry(QPoint(), size);
-        geometry.moveTopLeft(available.topLeft());
-        m_window->setGeometry(geometry);
+        m_window->resize(size);
     }
     m_window->show();
     m_window->requestActivate();

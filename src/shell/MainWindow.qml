@@ -213,12 +213,11 @@ ApplicationWindow {
                 spacing: 8
 
                 PushButton {
-
-                    flat: true
                     id: paneToggle
 
                     objectName: "PaneToggleButton"
                     visible: navView.IsPaneToggleButtonVisible
+                    flat: true
                     text: "\u2630"
                     font.pixelSize: 18
                     Accessible.name: qsTr("Open navigation")

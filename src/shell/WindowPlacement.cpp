@@ -101,17 +101,18 @@ bool GetWindowPlacement(const QWindow* window, const QRect& normalGeometry,
     return true;
 }
 
-bool SetWindowPlacement(QWindow* window, const WindowPlacement& placement)
+std::optional<QRect> SetWindowPlacement(QWindow* window, const WindowPlacement& placement)
 {
     if (window == nullptr) {
-        return false;
+        return std::nullopt;
     }
     QList<QRect> screens;
     for (const QScreen* screen : QGuiApplication::screens()) {
         screens << screen->availableGeometry();
     }
-    window->setGeometry(
-        FittedGeometry(placement.rcNormalPosition, window->devicePixelRatio(), screens));
+    const QRect normal =
+        FittedGeometry(placement.rcNormalPosition, window->devicePixelRatio(), screens);
+    window->setGeometry(normal);
     switch (placement.showCmd) {
     case ShowCommand::Hide:
         window->hide();
@@ -128,7 +129,7 @@ bool SetWindowPlacement(QWindow* window, const WindowPlacement& placement)
         window->showNormal();
         break;
     }
-    return true;
+    return normal;
 }
 
 QRect FittedGeometry(const WindowPlacement::Rect& rect, double ratio, const QList<QRect>& screens)
@@ -212,15 +213,16 @@ WindowPlacement RestoredPlacement(const QVariantMap& stored, const WindowPlaceme
     return restored;
 }
 
-void ReadPlacement(const SettingsValues& values, QWindow* window, const QRect& normalGeometry)
+std::optional<QRect> ReadPlacement(const SettingsValues& values, QWindow* window,
+                                   const QRect& normalGeometry)
 {
     const QVariant stored = values.Lookup(WindowPlacementKey);
     if (stored.typeId() != QMetaType::QVariantMap) {
-        return; // the first run, or something else under the key
+        return std::nullopt; // the first run, or something else under the key
     }
     WindowPlacement current;
     GetWindowPlacement(window, normalGeometry, current);
-    SetWindowPlacement(window, RestoredPlacement(stored.toMap(), current));
+    return SetWindowPlacement(window, RestoredPlacement(stored.toMap(), current));
 }
 
 } // namespace Zorvane

@@ -8,6 +8,7 @@
 #include <QVariantMap>
 
 #include <cstdint>
+#include <optional>
 
 class QWindow;
 
@@ -59,8 +60,9 @@ inline constexpr QSize MinimumUsableSize{360, 240};
 // not be reached there. Any rectangle is taken, whatever was stored.
 QRect FittedGeometry(const WindowPlacement::Rect& rect, double ratio, const QList<QRect>& screens);
 
-// Moves the window to the normal rectangle and puts it into the show state.
-bool SetWindowPlacement(QWindow* window, const WindowPlacement& placement);
+// Moves the window to the normal rectangle and puts it into the show state;
+// gives the normal geometry applied, nothing without a window.
+std::optional<QRect> SetWindowPlacement(QWindow* window, const WindowPlacement& placement);
 
 inline const QString WindowPlacementKey = QStringLiteral("WindowPlacement");
 
@@ -76,7 +78,8 @@ WindowPlacement RestoredPlacement(const QVariantMap& stored, const WindowPlaceme
 
 // The stored placement merged over the live one: an entry that is missing or
 // of another type takes the live value; a minimised state comes back normal.
-// Nothing happens when no map is stored.
-void ReadPlacement(const SettingsValues& values, QWindow* window, const QRect& normalGeometry);
+// Nothing happens when no map is stored. Gives the normal geometry applied.
+std::optional<QRect> ReadPlacement(const SettingsValues& values, QWindow* window,
+                                   const QRect& normalGeometry);
 
 } // namespace Zorvane

@@ -9,8 +9,11 @@
 #include "support/WindowDriver.h"
 
 #include <QAccessible>
+#include <QQmlContext>
+#include <QQmlProperty>
 #include <QQuickItem>
 #include <QRegularExpression>
+#include <QScopeGuard>
 #include <QtQml/qqmlextensionplugin.h>
 
 #include <unistd.h>
@@ -55,16 +58,48 @@ private Q_SLOTS:
         QCOMPARE(self->ViewModel()->CommonName(), QString());
         QTest::keyClick(m_app.window, Qt::Key_Backspace);
         QVERIFY(!m_app.control("GeneratePemButton")->isEnabled());
+    }
 
-        m_app.click(m_app.control("ForDigitalSigningCtrl"));
-        QCOMPARE(m_app.text(u"CommonNameHeader"_s), u"Issuer"_s);
-        QCOMPARE(m_app.control("CommonNameCtrl")->property("placeholderText").toString(),
-                 QString());
-        QVERIFY(self->ViewModel()->ForDigitalSigning());
-        m_app.click(m_app.control("ServerCtrl"));
-        QCOMPARE(m_app.text(u"CommonNameHeader"_s), u"Common Name"_s);
-        QCOMPARE(m_app.control("CommonNameCtrl")->property("placeholderText").toString(),
-                 u"www.example.com"_s);
+    // Both pages have two faces, by the use chosen: what the name's box is
+    // headed, its example and its tool tip, and on the request page whether
+    // the alternative names show. The choice reaches the view model at once.
+    void twoFaces_data()
+    {
+        QTest::addColumn<int>("entry");
+        QTest::addColumn<bool>("signing");
+        QTest::addColumn<QString>("header");
+        QTest::addColumn<QString>("placeholder");
+        QTest::addColumn<QString>("toolTip");
+        const QString host = u"Fully qualified host name or path used in DNS lookups that the "
+                             u"server will be running on"_s;
+        const QString person = u"The full name of the organization or the person"_s;
+        const QString example = u"www.example.com"_s;
+        QTest::newRow("self-signed, server") << 1 << false << u"Common Name"_s << example << host;
+        QTest::newRow("self-signed, signing") << 1 << true << u"Issuer"_s << QString() << person;
+        QTest::newRow("request, server") << 2 << false << u"Common Name"_s << example << host;
+        QTest::newRow("request, signing") << 2 << true << u"Issuer"_s << QString() << person;
+    }
+
+    void twoFaces()
+    {
+        QFETCH(int, entry);
+        QFETCH(bool, signing);
+        QFETCH(QString, header);
+        QFETCH(QString, placeholder);
+        QFETCH(QString, toolTip);
+        QVERIFY(m_app.open(entry, u"CommonNameCtrl"_s));
+        m_app.click(m_app.control("ForDigitalSigningCtrl")); // the other face, and back
+        m_app.click(m_app.control(signing ? "ForDigitalSigningCtrl" : "ServerCtrl"));
+        QQuickItem* name = m_app.control("CommonNameCtrl");
+        QCOMPARE(m_app.text(u"CommonNameHeader"_s), header);
+        QCOMPARE(name->property("placeholderText").toString(), placeholder);
+        QCOMPARE(QQmlProperty::read(name, u"ToolTip.text"_s, qmlContext(name)).toString(), toolTip);
+        QCOMPARE(
+            m_app.page()->property("ViewModel").value<QObject*>()->property("ForDigitalSigning"),
+            QVariant(signing));
+        if (entry == 2) {
+            QCOMPARE(m_app.control("AltNamesSection")->isVisible(), !signing);
+        }
     }
 
     void emptyNameOrCancelledPickerWritesNothing_data()
@@ -396,8 +431,9 @@ private Q_SLOTS:
         QTRY_VERIFY(m_app.window->findChild<QObject*>(u"FailureDialog"_s) == nullptr);
     }
 
-    // What is typed into the validity box, what it shows and what is stored
-    // (the smaller of the value and 1). An emptied box brings the old value back.
+    // What is typed into the validity box, what it shows (whole numbers as
+    // they are, in any locale) and what is stored (the smaller of the value
+    // and 1). An emptied box brings the old value back.
     void validityTyped_data()
     {
         QTest::addColumn<QString>("typed");
@@ -408,6 +444,7 @@ private Q_SLOTS:
         QTest::newRow("30 is stored as 1") << u"30"_s << 30 << 1;
         QTest::newRow("0 stays 0") << u"0"_s << 0 << 0;
         QTest::newRow("negative stays") << u"-5"_s << -5 << -5;
+        QTest::newRow("no grouping, even in German") << u"1000"_s << 1000 << 1;
     }
 
     void validityTyped()
@@ -415,6 +452,9 @@ private Q_SLOTS:
         QFETCH(QString, typed);
         QFETCH(int, shown);
         QFETCH(int, stored);
+        const QLocale before;
+        QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany));
+        const auto restore = qScopeGuard([&] { QLocale::setDefault(before); });
         QVERIFY(m_app.open(1, u"CommonNameCtrl"_s));
         auto* box = m_app.control("ValidDaysCtrl");
         auto* viewModel = m_app.page()->property("ViewModel").value<QObject*>();

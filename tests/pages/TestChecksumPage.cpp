@@ -13,6 +13,8 @@
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QMimeData>
+#include <QQmlContext>
+#include <QQmlProperty>
 #include <QQuickItem>
 #include <QQuickWindow>
 #include <QtQml/qqmlextensionplugin.h>
@@ -107,6 +109,26 @@ private Q_SLOTS:
             QVERIFY(m_app.control(u"Row_"_s + name)->isVisible());
             QCOMPARE(m_app.text(u"Value_"_s + name), expected(name));
         }
+
+        // What the page says of a digest and of the size, for the eye and the ear.
+        const auto toolTip = [&](const QString& name) {
+            QQuickItem* item = m_app.control(name);
+            return QQmlProperty::read(item, u"ToolTip.text"_s, qmlContext(item)).toString();
+        };
+        QCOMPARE(toolTip(u"Check_MD5"_s), u"Calculate md5 checksum"_s); // OpenSSL's description
+        QCOMPARE(toolTip(u"Copy_MD5"_s), u"Copy MD5"_s);
+        QCOMPARE(toolTip(u"SizeCopyButton"_s), u"Copy Size (Bytes)"_s);
+        QCOMPARE(m_app.text(u"SizeLabel"_s), u"Size (Bytes):"_s);
+        QCOMPARE(m_app.text(u"Label_MD5"_s), u"MD5:"_s);
+        QCOMPARE(QAccessible::queryAccessibleInterface(m_app.control(u"Copy_MD5"_s))
+                     ->text(QAccessible::Name),
+                 u"Copy MD5"_s);
+        // Nineteen results run past the window's bottom: a scroll bar says so.
+        QQuickItem* list = m_app.control(u"ResultList"_s);
+        auto* bar = QQmlProperty::read(list, u"ScrollBar.vertical"_s, qmlContext(list))
+                        .value<QQuickItem*>();
+        QVERIFY(bar && bar->isVisible());
+        QCOMPARE(bar->property("policy").toInt(), 2); // ScrollBar.AlwaysOn
 
         clickAndWait(m_app.control(u"Check_MD5"_s)); // untick: the row goes at once
         QVERIFY(!m_app.control(u"Row_MD5"_s)->isVisible());

@@ -214,13 +214,19 @@ private Q_SLOTS:
         }
     }
 
-    // The desktop's dark preference reaches the window, its pages and its
-    // title texts (the portal's side is tested with the platform).
+    // The desktop's dark preference reaches the window and its pages at once,
+    // and its title texts at the next activation (the portal's side is tested
+    // with the platform).
     void darkPalette()
     {
         const QPalette light = QGuiApplication::palette();
         const QPalette dark = DesktopColorScheme::DarkPalette();
+        const QVariant title = named("TitleText")->property("color");
         QGuiApplication::setPalette(dark);
+        // The title texts take their brushes at an activation, not at the
+        // change of theme itself.
+        Q_EMIT const_cast<DesktopColorScheme&>(m_app->ColorScheme()).Changed(true);
+        QCOMPARE(named("TitleText")->property("color"), title);
         m_app->Window()->OnWindowActivated(true);
         QTRY_COMPARE(m_window->color(), dark.color(QPalette::Window));
         QCOMPARE(named("TitleText")->property("color").value<QColor>(),

@@ -82,8 +82,9 @@ private Q_SLOTS:
         const ChildRun next = runSelf({u"--report-restored"_s});
         QCOMPARE(next.exitCode, 0);
         const QStringList report = next.standardOutput.trimmed().split(u' ');
-        QCOMPARE(report.mid(0, 4), (QStringList{u"30"_s, u"40"_s, u"700"_s, u"500"_s}));
-        const QStringList chosen = report.value(4).split(u',');
+        QCOMPARE(report.mid(0, 5),
+                 (QStringList{u"30"_s, u"40"_s, u"700"_s, u"500"_s, u"maximised"_s}));
+        const QStringList chosen = report.value(5).split(u',');
         QCOMPARE(chosen.size(), 19); // every digest, as chosen before the close
         QVERIFY(chosen.contains(u"SHA2-256"_s) && chosen.contains(u"MD5"_s));
     }
@@ -104,7 +105,8 @@ private Q_SLOTS:
 };
 
 // "--close-during-run FILE": the program as main() runs it; the checksum page
-// hashes FILE with every digest, and the window is closed while it does.
+// hashes FILE with every digest, and the window is moved, maximised and closed
+// while it does.
 static int closeDuringRun(int argc, char** argv)
 {
     QApplication application(argc, argv);
@@ -132,10 +134,13 @@ static int closeDuringRun(int argc, char** argv)
             step = 3;
         } else if (step == 3 &&
                    App::Current()->Window()->NormalGeometry() == QRect(30, 40, 700, 500)) {
+            window->showMaximized(); // closed maximised, the normal size is kept
+            step = 4;
+        } else if (step == 4 && window->windowStates() == Qt::WindowMaximized) {
             std::puts("closing");
             std::fflush(stdout);
             window->close();
-            step = 4;
+            step = 5;
         }
     });
     driver.start(20);
@@ -143,8 +148,8 @@ static int closeDuringRun(int argc, char** argv)
 }
 
 // "--report-restored": the program as main() runs it, started again; prints
-// where its window came back and which digests its checksum page shows
-// chosen, then closes.
+// where its window came back (its normal geometry and state) and which
+// digests its checksum page shows chosen, then closes.
 static int reportRestored(int argc, char** argv)
 {
     QApplication application(argc, argv);
@@ -170,9 +175,11 @@ static int reportRestored(int argc, char** argv)
         for (const HashAlgo* algo : page->ViewModel()->HashAlgos()->items()) {
             chosen << algo->ShortName();
         }
-        const QRect geometry = window->geometry();
-        std::printf("%d %d %d %d %s\n", geometry.x(), geometry.y(), geometry.width(),
-                    geometry.height(), qPrintable(chosen.join(u',')));
+        const QRect geometry = App::Current()->Window()->NormalGeometry();
+        std::printf("%d %d %d %d %s %s\n", geometry.x(), geometry.y(), geometry.width(),
+                    geometry.height(),
+                    window->windowStates() == Qt::WindowMaximized ? "maximised" : "normal",
+                    qPrintable(chosen.join(u',')));
         std::fflush(stdout);
         driver.stop();
         window->close();
