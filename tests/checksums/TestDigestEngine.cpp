@@ -83,54 +83,6 @@ private Q_SLOTS:
                      name + QLatin1Char(' ') + opensslDigest(digests[i], path));
         }
     }
-
-    // One pass: the file is read once, in reads of 10 MiB, however many
-    // digests there are. Counted by the kernel for this thread.
-    void fileReadOnceInLargeReads_data()
-    {
-        QTest::addColumn<int>("digestCount"); // 0: all of them
-        QTest::newRow("one digest") << 1;
-        QTest::newRow("every digest") << 0;
-    }
-
-    void fileReadOnceInLargeReads()
-    {
-        QFETCH(int, digestCount);
-        const qint64 size = 25 * 1024 * 1024 + 1;
-        const QString path = m_dir.filePath(QStringLiteral("reads"));
-        QFile file(path);
-        QVERIFY(file.open(QIODevice::WriteOnly) && file.resize(size));
-        file.close();
-        const std::vector<EvpMdPtr> catalogue = provided_digests();
-        std::vector<const EVP_MD*> digests;
-        for (const EvpMdPtr& digest : catalogue) {
-            if (digestCount == 0 || int(digests.size()) < digestCount) {
-                digests.push_back(digest.get());
-            }
-        }
-        const auto counters = [] {
-            QFile io(QStringLiteral("/proc/thread-self/io"));
-            io.open(QIODevice::ReadOnly);
-            QMap<QByteArray, qint64> values;
-            for (const QByteArray& line : io.readAll().split('\n')) {
-                const qsizetype colon = line.indexOf(':');
-                values.insert(line.left(colon), line.mid(colon + 1).trimmed().toLongLong());
-            }
-            return values;
-        };
-        OnePassDigester digester(digests);
-        const auto before = counters();
-        const auto reading = counters(); // what reading the counters costs
-        ChunkedFileReader(path.toStdString()).feed(digester);
-        const auto after = counters();
-        const auto delta = [&](const QByteArray& key) {
-            return after[key] - reading[key] - (reading[key] - before[key]);
-        };
-        QCOMPARE(delta("rchar"), size); // every byte once
-        // 10 + 10 + 5 MiB and the end: a few reads, not one per MiB or per digest.
-        const qint64 reads = delta("syscr");
-        QVERIFY2(reads >= 3 && reads <= 5, qPrintable(QString::number(reads)));
-    }
 };
 
 QTEST_GUILESS_MAIN(TestDigestEngine)

@@ -138,35 +138,6 @@ private Q_SLOTS:
         ::unlink(m_app.answer->constData()); // the temporary folder cannot spell it
     }
 
-    void everyControlByKeyboardWithAName()
-    {
-        open();
-        m_app.answer = QFile::encodeName(m_file);
-        // The file button has the focus. While the run lasts the other
-        // buttons are disabled, and Tab passes them by.
-        actAndWait([&] { QTest::keyClick(m_app.window, Qt::Key_Space); });
-        QCOMPARE(m_app.text(u"fileNameBox"_s), m_file);
-        QSet<QString> reached;
-        for (int i = 0; i < 40; ++i) {
-            QTest::keyClick(m_app.window, Qt::Key_Tab);
-            QQuickItem* focus = m_app.window->activeFocusItem();
-            QAccessibleInterface* accessible = QAccessible::queryAccessibleInterface(focus);
-            QVERIFY2(accessible && !accessible->text(QAccessible::Name).isEmpty(),
-                     qPrintable(focus->objectName()));
-            reached << focus->objectName();
-        }
-        for (const QString& name : {u"CopyAllButton"_s, u"AllButton"_s, u"NoneButton"_s,
-                                    u"Check_SHA1"_s, u"FileButton"_s}) {
-            QVERIFY2(reached.contains(name), qPrintable(name));
-        }
-        // Space ticks a digest and starts a run, as a click does.
-        while (m_app.window->activeFocusItem()->objectName() != u"Check_MD5"_s) {
-            QTest::keyClick(m_app.window, Qt::Key_Tab);
-        }
-        QTest::keyClick(m_app.window, Qt::Key_Space);
-        QTRY_COMPARE(m_app.text(u"Value_MD5"_s), expected(u"MD5"_s));
-    }
-
     // A digest ticked by an assistive tool starts a run, as a click does; the
     // results read out, and the copy buttons answer a press.
     void resultsAndButtonsThroughAccessibility_data()
@@ -228,21 +199,6 @@ private Q_SLOTS:
         QVERIFY(m_app.control(u"Spinner"_s)->isVisible());
         page()->setState(u"Normal"_s);
         QVERIFY(m_app.control(u"CopyAllButton"_s)->isEnabled());
-    }
-
-    // An idle window draws nothing, whatever ran before: no frame at all.
-    void idleWindowRendersNoFrames()
-    {
-        open();
-        clickAndWait(m_app.control(u"Check_SHA1"_s)); // a run before any file was picked
-        QTest::qWait(400);                            // what may still fade, fades
-        int frames = 0;
-        const auto counting =
-            connect(m_app.window, &QQuickWindow::frameSwapped, this, [&] { ++frames; });
-        QTest::qWait(1000);
-        disconnect(counting);
-        QCOMPARE(frames, 0);
-        m_app.click(m_app.control(u"Check_SHA1"_s));
     }
 
     void selectionNotKeptWithoutPackageIdentity()

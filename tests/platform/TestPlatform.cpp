@@ -168,100 +168,71 @@ private Q_SLOTS:
         QVERIFY(!scheme.IsDark());
     }
 
-    // Where a portal answers, its file chooser is asked with the choice of
-    // file type; its answer is a URI whose bytes reach us as they are.
-    void portalFileChooser_data()
+    // Where a portal answers, its chooser is asked for the one choice of file
+    // type, modal, with no name suggested; its answer is a URI whose bytes
+    // reach us as they are. The answer is held to what the platform's own
+    // pickers promise: a bare name that a save completes with its extension is
+    // asked about where a file stands under the completed name (a "no" is a
+    // cancel); an open that answers a name that does not exist asks again.
+    void portalChooser_data()
     {
         QTest::addColumn<bool>("save");
         QTest::addColumn<uint>("response");
-        QTest::addColumn<QString>("uri");
-        QTest::addColumn<std::optional<QByteArray>>("answer");
-        QTest::newRow("save, a name that is not UTF-8")
-            << true << 0u << u"file:///home/u/caf%E9%20%25.crt"_s
-            << std::optional<QByteArray>("/home/u/caf\xe9 %.crt");
-        QTest::newRow("open") << false << 0u << u"file:///etc/hostname"_s
-                              << std::optional<QByteArray>("/etc/hostname");
-        QTest::newRow("cancelled") << true << 1u << QString() << std::optional<QByteArray>();
-        QTest::newRow("not a local file")
-            << false << 0u << u"sftp://host/file"_s << std::optional<QByteArray>();
+        QTest::addColumn<QStringList>("answers"); ///< in turn; names in a folder of the test's
+        QTest::addColumn<QString>("existing");
+        QTest::addColumn<int>("reply");         ///< to the question; 0 where none may come
+        QTest::addColumn<QByteArray>("picked"); ///< empty: nothing
+        const int yes = QMessageBox::Yes;
+        const int no = QMessageBox::No;
+        // clang-format off
+        QTest::newRow("a name that is not UTF-8") << true << 0u
+            << QStringList{u"file:///home/u/caf%E9%20%25.crt"_s} << QString() << 0
+            << QByteArray("/home/u/caf\xe9 %.crt");
+        QTest::newRow("cancelled") << true << 1u << QStringList{u"x"_s} << QString() << 0 << QByteArray();
+        QTest::newRow("not a local file") << false << 0u << QStringList{u"sftp://host/file"_s}
+            << QString() << 0 << QByteArray();
+        QTest::newRow("bare name onto a file, replaced") << true << 0u << QStringList{u"server"_s}
+            << u"server.crt"_s << yes << QByteArray("server");
+        QTest::newRow("bare name onto a file, kept") << true << 0u << QStringList{u"server"_s}
+            << u"server.crt"_s << no << QByteArray();
+        QTest::newRow("bare name, nothing there") << true << 0u << QStringList{u"server"_s}
+            << u"server"_s << 0 << QByteArray("server");
+        QTest::newRow("typed extension, asked by the chooser") << true << 0u
+            << QStringList{u"server.crt"_s} << u"server.crt"_s << 0 << QByteArray("server.crt");
+        QTest::newRow("open, a typo asks again") << false << 0u
+            << QStringList{u"data.bni"_s, u"data.bin"_s} << u"data.bin"_s << 0 << QByteArray("data.bin");
+        QTest::newRow("open, a mangled name asks again") << false << 0u
+            << QStringList{u"caf\uFFFD"_s, u"data.bin"_s} << u"data.bin"_s << 0 << QByteArray("data.bin");
+        // clang-format on
     }
 
-    void portalFileChooser()
+    void portalChooser()
     {
         QFETCH(bool, save);
         QFETCH(uint, response);
-        QFETCH(QString, uri);
-        QFETCH(std::optional<QByteArray>, answer);
+        QFETCH(QStringList, answers);
+        QFETCH(QString, existing);
+        QFETCH(int, reply);
+        QFETCH(QByteArray, picked);
+        QTemporaryDir dir;
+        if (!existing.isEmpty()) {
+            QVERIFY(QFile(dir.filePath(existing)).open(QIODevice::WriteOnly));
+        }
+        const auto uri = [&](const QString& name) {
+            return name.contains(u':')
+                       ? name
+                       : QUrl::fromLocalFile(dir.filePath(name)).toString(QUrl::FullyEncoded);
+        };
         FakeFileChooser portal;
         portal.response = response;
-        portal.uris = uri.isEmpty() ? QStringList() : QStringList{uri};
+        portal.uris = {uri(answers.first())};
+        portal.later = {uri(answers.last())};
         registerFake(&portal);
         FilePickRequest request = pemSave();
         if (!save) {
             request = {};
             request.mode = FilePickRequest::Mode::Open;
         }
-        std::optional<QByteArray> picked = "not answered";
-        bool answered = false;
-        pickInto(request, &picked, &answered);
-        QTRY_VERIFY(answered);
-        QCOMPARE(picked, answer);
-        QCOMPARE(portal.method, save ? u"SaveFile"_s : u"OpenFile"_s);
-        QCOMPARE(portal.options.value(u"modal"_s), QVariant(true));
-        const QList<PortalFilter> filters =
-            qdbus_cast<QList<PortalFilter>>(portal.options.value(u"filters"_s));
-        const QList<PortalFilter> pem{{u"PEM"_s, {u"*.crt"_s}}};
-        QCOMPARE(filters, save ? pem : QList<PortalFilter>());
-        QVERIFY(!portal.options.contains(u"current_name"_s)); // no name is suggested
-    }
-
-    // What the desktop's chooser answers is held to what the platform's own
-    // pickers promise: a bare name that a save completes with its extension is
-    // asked about when a file stands under the completed name (a "no" is a
-    // cancel); an open that answers a name that does not exist asks again.
-    void chooserAnswersChecked_data()
-    {
-        QTest::addColumn<bool>("save");
-        QTest::addColumn<QStringList>("answers");
-        QTest::addColumn<QString>("existing");
-        QTest::addColumn<int>("reply"); ///< to the question; 0 where none may come
-        QTest::addColumn<QString>("picked");
-        const int yes = QMessageBox::Yes;
-        const int no = QMessageBox::No;
-        QTest::newRow("bare name onto a file, replaced")
-            << true << QStringList{u"server"_s} << u"server.crt"_s << yes << u"server"_s;
-        QTest::newRow("bare name onto a file, kept")
-            << true << QStringList{u"server"_s} << u"server.crt"_s << no << QString();
-        QTest::newRow("bare name, nothing there")
-            << true << QStringList{u"server"_s} << u"server"_s << 0 << u"server"_s;
-        QTest::newRow("typed extension, asked by the chooser")
-            << true << QStringList{u"server.crt"_s} << u"server.crt"_s << 0 << u"server.crt"_s;
-        QTest::newRow("open, a typo asks again")
-            << false << QStringList{u"data.bni"_s, u"data.bin"_s} << u"data.bin"_s << 0
-            << u"data.bin"_s;
-        QTest::newRow("open, a mangled name asks again")
-            << false << QStringList{u"caf\uFFFD"_s, u"data.bin"_s} << u"data.bin"_s << 0
-            << u"data.bin"_s;
-    }
-
-    void chooserAnswersChecked()
-    {
-        QFETCH(bool, save);
-        QFETCH(QStringList, answers);
-        QFETCH(QString, existing);
-        QFETCH(int, reply);
-        QFETCH(QString, picked);
-        QTemporaryDir dir;
-        QVERIFY(QFile(dir.filePath(existing)).open(QIODevice::WriteOnly));
-        const auto uri = [&](const QString& name) {
-            return QUrl::fromLocalFile(dir.filePath(name)).toString(QUrl::FullyEncoded);
-        };
-        FakeFileChooser portal;
-        portal.uris = {uri(answers.first())};
-        portal.later = {uri(answers.last())};
-        registerFake(&portal);
-        FilePickRequest request = pemSave();
-        request.mode = save ? FilePickRequest::Mode::Save : FilePickRequest::Mode::Open;
         std::optional<QByteArray> answer;
         bool answered = false;
         pickInto(request, &answer, &answered);
@@ -282,9 +253,17 @@ private Q_SLOTS:
             QTRY_VERIFY(answered);
         }
         QVERIFY(!question());
-        QCOMPARE(answer, picked.isEmpty() ? std::nullopt
-                                          : std::optional(QFile::encodeName(dir.filePath(picked))));
+        const QByteArray folder = QFile::encodeName(dir.path()) + '/';
+        QCOMPARE(answer, picked.isEmpty()
+                             ? std::nullopt
+                             : std::optional(picked.startsWith('/') ? picked : folder + picked));
         QCOMPARE(portal.calls, answers.size());
+        QCOMPARE(portal.method, save ? u"SaveFile"_s : u"OpenFile"_s);
+        QCOMPARE(portal.options.value(u"modal"_s), QVariant(true));
+        const QList<PortalFilter> pem{{u"PEM"_s, {u"*.crt"_s}}};
+        QCOMPARE(qdbus_cast<QList<PortalFilter>>(portal.options.value(u"filters"_s)),
+                 save ? pem : QList<PortalFilter>());
+        QVERIFY(!portal.options.contains(u"current_name"_s)); // no name is suggested
     }
 
     void cleanup()
@@ -368,25 +347,6 @@ private Q_SLOTS:
         QCOMPARE(QDir(config).entryList(QDir::NoDotAndDotDot | QDir::AllEntries), QStringList());
     }
 
-    // The caret rests once nothing happens, so that an idle window draws
-    // nothing, and blinks again at the next key.
-    void caretRestsWhenIdle()
-    {
-        QStyleHints* hints = QGuiApplication::styleHints();
-        const int flashTime = hints->cursorFlashTime();
-        QVERIFY(flashTime > 0);
-        {
-            CaretBlink blink(nullptr, 50);
-            QTRY_COMPARE(hints->cursorFlashTime(), 0);
-            QObject receiver;
-            QKeyEvent key(QEvent::KeyPress, Qt::Key_A, Qt::NoModifier, u"a"_s);
-            QCoreApplication::sendEvent(&receiver, &key);
-            QCOMPARE(hints->cursorFlashTime(), flashTime);
-            QTRY_COMPARE(hints->cursorFlashTime(), 0);
-        }
-        QCOMPARE(hints->cursorFlashTime(), flashTime);
-    }
-
     void packageIdentity_data()
     {
         QTest::addColumn<bool>("present");
@@ -420,35 +380,6 @@ private Q_SLOTS:
         } else {
             QCOMPARE(Package::Current(), Package::FamilyName);
         }
-    }
-
-    void settingsKeepTypes()
-    {
-        QTemporaryDir dir;
-        const QString file = dir.filePath(u"LocalSettings.ini"_s);
-        const QVariantMap placement{{u"showCmd"_s, QVariant::fromValue(3u)},
-                                    {u"ptMinPosition"_s, QPointF(-1.5, 2)},
-                                    {u"rcNormalPosition"_s, QRectF(10.25, -20, 800, 600)}};
-        {
-            SettingsValues values(file);
-            values.Insert(u"WindowPlacement"_s, placement);
-            values.Insert(u"ChosenAlgorithms"_s, u"SHA1,MD5"_s);
-            values.Insert(u"Number"_s, 42);
-        }
-        // Read from a copy: QSettings keeps what this process wrote in memory,
-        // and would hand back the values as they were given.
-        QVERIFY(QFile::copy(file, file + u".copy"_s));
-        const SettingsValues reread(file + u".copy"_s);
-        QCOMPARE(reread.Lookup(u"WindowPlacement"_s), QVariant(placement));
-        QCOMPARE(reread.Lookup(u"WindowPlacement"_s).toMap().value(u"showCmd"_s).typeId(),
-                 QMetaType::UInt);
-        QCOMPARE(reread.Lookup(u"ChosenAlgorithms"_s).typeId(), QMetaType::QString);
-        QCOMPARE(reread.Lookup(u"Number"_s).typeId(), QMetaType::Int);
-        QVERIFY(!reread.Lookup(u"Missing"_s).isValid());
-
-        // A value typed into the file by hand reads as the text it is.
-        QSettings(file + u".copy"_s, QSettings::IniFormat).setValue(u"Hand"_s, u"MD5"_s);
-        QCOMPARE(reread.Lookup(u"Hand"_s), QVariant(u"MD5"_s));
     }
 };
 
