@@ -140,27 +140,6 @@ private Q_SLOTS:
                                  QByteArray::fromStdString(key_path_for(main))}),
                  paths.mid(2));
     }
-
-    void outputFormat_data()
-    {
-        QTest::addColumn<QString>("tag");
-        QTest::addColumn<int>("format");
-        QTest::addColumn<QString>("extension");
-        QTest::newRow("PEM") << "PEM" << int(OutputFormat::Pem) << ".crt";
-        QTest::newRow("lower case is a bundle") << "pem" << int(OutputFormat::Pkcs12) << ".pfx";
-        QTest::newRow("PKCS#12") << "PKCS#12" << int(OutputFormat::Pkcs12) << ".pfx";
-        QTest::newRow("empty") << "" << int(OutputFormat::Pkcs12) << ".pfx";
-    }
-
-    void outputFormat()
-    {
-        QFETCH(QString, tag);
-        QFETCH(int, format);
-        QFETCH(QString, extension);
-        const OutputFormat chosen = output_format_for_tag(tag.toStdString());
-        QCOMPARE(int(chosen), format);
-        QCOMPARE(QString::fromUtf8(default_extension(chosen)), extension);
-    }
 };
 
 QTEST_GUILESS_MAIN(TestCertInputs)

@@ -182,12 +182,13 @@ private Q_SLOTS:
                 reader = open(fifo.constData(), O_RDONLY | O_NONBLOCK);
             }
         } else if (target == u"device"_s) {
-            // A null device of the test's own where it may make one (root),
-            // so that nothing done to it reaches the system's.
+            // A null device of the test's own, so that nothing done to it
+            // reaches the system's; the system's would be refused as not the
+            // user's own, and prove nothing of the kind of file.
             path = dir.filePath(u"null"_s).toUtf8();
             if (mknod(path.constData(), S_IFCHR | 0666, makedev(1, 3)) != 0 ||
                 chmod(path.constData(), 0666) != 0) {
-                path = "/dev/null";
+                QSKIP("needs root to make a device");
             }
         } else if (target == u"foreign file"_s) {
             path = file;

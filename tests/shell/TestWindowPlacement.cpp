@@ -136,7 +136,7 @@ private Q_SLOTS:
         window.show();
         QVERIFY(QTest::qWaitForWindowExposed(&window));
         SettingsValues values(m_dir.filePath(QString::fromLatin1(QTest::currentDataTag())));
-        values.Insert(WindowPlacementKey, stored);
+        values.Insert(u"WindowPlacement"_s, stored);
 
         ReadPlacement(values, &window, window.geometry());
         QTRY_COMPARE(int(window.windowStates()), state);
