@@ -16,60 +16,14 @@ import time
 
 import pyatspi
 
+sys.path.insert(0, os.path.join(os.path.dirname(os.path.realpath(__file__)), "..", "support"))
+from accessibility import act, application, control, fail, openssl, walk  # noqa: E402
+
 FILE = sys.argv[1]
 
 
-def fail(message):
-    print("FAIL:", message)
-    sys.exit(1)
-
-
-def walk(node):
-    yield node
-    for i in range(node.childCount):
-        child = node.getChildAtIndex(i)
-        if child is not None:
-            yield from walk(child)
-
-
-def find(root, role, name=None, timeout=20):
-    """The first showing node of that role (and exact name, if given)."""
-    deadline = time.time() + timeout
-    while time.time() < deadline:
-        for node in walk(root):
-            try:
-                if node.getRoleName() == role and (name is None or node.name == name) and \
-                        node.getState().contains(pyatspi.STATE_SHOWING):
-                    return node
-            except Exception:
-                continue
-        time.sleep(0.2)
-    fail(f"no {role} {name!r}")
-
-
-def act(node, action):
-    actions = node.queryAction()
-    for i in range(actions.nActions):
-        if actions.getName(i).lower() == action:
-            actions.doAction(i)
-            return
-    fail(f"{node.name!r} has no action {action}")
-
-
-def application():
-    deadline = time.time() + 30
-    while time.time() < deadline:
-        desktop = pyatspi.Registry.getDesktop(0)
-        for i in range(desktop.childCount):
-            app = desktop.getChildAtIndex(i)
-            if app is not None and app.name == "zorvane":
-                return app
-        time.sleep(0.3)
-    fail("the program is not on the accessibility bus")
-
-
 def name_file_in_dialog(path, button_names):
-    dialog = find(app, "dialog")
+    dialog = control(app, "dialog")
     name_box = None
     for node in walk(dialog):
         if node.getRoleName() == "text" and "name" in (node.name or "").lower():
@@ -86,7 +40,7 @@ def name_file_in_dialog(path, button_names):
 def write(role, name, text):
     """Into the box as a user writes: the focus first, which the next box takes
     away, and the box hands its text on as it loses it."""
-    box = find(app, role, name)
+    box = control(app, role, name)
     act(box, "setfocus")
     box.queryEditableText().setTextContents(text)
 
@@ -94,7 +48,7 @@ def write(role, name, text):
 def type_keys(role, name, text):
     """Into the box with the keyboard, through the display, as a person types;
     the caret stays there."""
-    act(find(app, role, name), "setfocus")
+    act(control(app, role, name), "setfocus")
     time.sleep(0.3)
     pyatspi.Registry.generateKeyboardEvent(0, text, pyatspi.KEY_STRING)
     time.sleep(0.5)
@@ -103,7 +57,7 @@ def type_keys(role, name, text):
 def generate(button_name, stem, written):
     """Presses the button, with the focus wherever it was, names the file, and
     waits until the last file is whole."""
-    act(find(app, "push button", button_name), "press")
+    act(control(app, "push button", button_name), "press")
     name_file_in_dialog(stem, ("Save", "&Save"))
     deadline = time.time() + 90
     while time.time() < deadline and not (os.path.exists(written) and os.path.getsize(written) > 0):
@@ -113,16 +67,11 @@ def generate(button_name, stem, written):
         fail(f"{written} is not owner-only")
 
 
-def openssl(*arguments):
-    result = subprocess.run(["openssl", *arguments], capture_output=True, text=True)
-    return result.stdout + result.stderr
-
-
-app = application()
+app = application("zorvane")
 folder = os.path.dirname(FILE)
 
 # A self-signed certificate as PEM files, then as a bundle with a pass phrase.
-act(find(app, "page tab", "Self-Signed Certificate"), "press")
+act(control(app, "page tab", "Self-Signed Certificate"), "press")
 write("text", "Common Name", "e2e.example")
 generate("Generate the certificate and key as PEM files", os.path.join(folder, "e2e"),
          os.path.join(folder, "e2e.key"))
@@ -131,7 +80,7 @@ if "CN = e2e.example" not in subject:
     fail(f"certificate subject {subject!r}")
 print("certificate:", subject.strip())
 
-act(find(app, "radio button", "Use the certificate for digital signing"), "press")
+act(control(app, "radio button", "Use the certificate for digital signing"), "press")
 write("password text", "Pass phrase", "bundle-secret")
 bundle = os.path.join(folder, "bundle.pfx")
 generate("Generate the certificate and key as one PKCS#12 bundle", os.path.join(folder, "bundle"), bundle)
@@ -145,7 +94,7 @@ if "Digital Signature" not in usage:
 print("bundle: opened with its pass phrase")
 
 # A request with its subject, alternative names and an encrypted key.
-act(find(app, "page tab", "Certificate Signing Request"), "press")
+act(control(app, "page tab", "Certificate Signing Request"), "press")
 write("text", "Common Name", "req.example")
 write("text", "Organization", "E2E Ltd")
 write("password text", "Pass phrase", "request-secret")
@@ -160,9 +109,9 @@ if key.strip():
     fail(f"request key {key!r}")
 print("request:", subject.strip().replace("\n", "; "))
 
-act(find(app, "page tab", "File Checksums"), "press")
-act(find(app, "check box", "MD5"), "toggle")
-act(find(app, "push button", "Choose the file to check"), "press")
+act(control(app, "page tab", "File Checksums"), "press")
+act(control(app, "check box", "MD5"), "toggle")
+act(control(app, "push button", "Choose the file to check"), "press")
 
 name_file_in_dialog(FILE, ("Open", "&Open"))
 
@@ -170,13 +119,13 @@ with open(FILE, "rb") as data:
     content = data.read()
 md5 = hashlib.md5(content).hexdigest().upper()
 # The values read out as their text, what they are as the description.
-checksum = find(app, "label", md5, timeout=60)
+checksum = control(app, "label", md5, timeout=60)
 if checksum.description != "MD5 checksum":
     fail(f"checksum described as {checksum.description!r}")
-size = find(app, "label", str(len(content)))
+size = control(app, "label", str(len(content)))
 if size.description != "Size in bytes":
     fail(f"size described as {size.description!r}")
 print("read out:", checksum.name, checksum.description, size.name)
 
-act(find(app, "push button", "Close"), "press")
+act(control(app, "push button", "Close"), "press")
 print("OK")

@@ -14,90 +14,25 @@ import time
 
 import pyatspi
 
+sys.path.insert(0, os.path.join(os.path.dirname(os.path.realpath(__file__)), "..", "support"))
+from accessibility import act, application, control, fail, find, has, named, openssl, wait  # noqa: E402
+
 NAME, FOLDER = sys.argv[1:3]
 SHOWING, ENABLED, FOCUSED = pyatspi.STATE_SHOWING, pyatspi.STATE_ENABLED, pyatspi.STATE_FOCUSED
 
 
-def fail(message):
-    print("FAIL:", message)
-    sys.exit(1)
-
-
-def wait(probe, failure, timeout=20):
-    """The probe's first true answer."""
-    deadline = time.time() + timeout
-    while time.time() < deadline:
-        answer = probe()
-        if answer:
-            return answer
-        time.sleep(0.2)
-    fail(failure)
-
-
-def walk(node):
-    yield node
-    try:
-        children = [node.getChildAtIndex(i) for i in range(node.childCount)]
-    except Exception:  # a window that went while we looked
-        return
-    for child in children:
-        if child is not None:
-            yield from walk(child)
-
-
-def has(node, state):
-    try:
-        return node.getState().contains(state)
-    except Exception:
-        return False
-
-
-def first(root, test):
-    for node in walk(root):
-        try:
-            if has(node, SHOWING) and test(node):
-                return node
-        except Exception:
-            continue
-
-
-def find(root, test, what, timeout=20):
-    return wait(lambda: first(root, test), f"no {what}", timeout)
-
-
-def named(role, name=None):
-    return lambda node: node.getRoleName() == role and name in (None, node.name)
-
-
-def application(name, timeout=30):
-    def probe():
-        desktop = pyatspi.Registry.getDesktop(0)
-        return next((a for a in map(desktop.getChildAtIndex, range(desktop.childCount))
-                     if a is not None and a.name == name), None)
-    return wait(probe, f"{name} is not on the accessibility bus", timeout)
-
-
 def press(role, name, action="press"):
     """A control of the program's, once its window takes input again."""
-    node = find(app, lambda n: named(role, name)(n) and has(n, ENABLED), name)
-    actions = node.queryAction()
-    for i in range(actions.nActions):
-        if actions.getName(i).lower() == action:
-            return actions.doAction(i)
-    fail(f"{name!r} has no action {action}")
+    act(find(app, lambda n: named(role, name)(n) and has(n, ENABLED), name), action)
 
 
-def run(*command, **options):
-    return subprocess.run(command, stdout=subprocess.PIPE, text=True, **options).stdout
-
-
-def openssl(*arguments):
-    return run("openssl", *arguments, stderr=subprocess.STDOUT)
+def run(*command):
+    return subprocess.run(command, stdout=subprocess.PIPE, text=True).stdout
 
 
 def chooser(title):
     dialog = find(application("xdg-desktop-portal-gtk"), named("file chooser", title), f"{title} chooser")
-    if has(find(app, named("push button", "Close"), "Close"), ENABLED):
+    if has(control(app, "push button", "Close"), ENABLED):
         fail("the window takes input under the chooser")
     return dialog
 
@@ -145,7 +80,7 @@ def pick(path):
 app = application(NAME)
 
 press("page tab", "Self-Signed Certificate")
-find(app, named("text", "Common Name"), "Common Name").queryEditableText().setTextContents("portal.example")
+control(app, "text", "Common Name").queryEditableText().setTextContents("portal.example")
 save("Generate the certificate and key as PEM files", "a")
 key, crt = saved("a.key"), os.path.join(FOLDER, "a.crt")
 subject = openssl("x509", "-in", crt, "-noout", "-subject")
@@ -153,7 +88,7 @@ if "CN = portal.example" not in subject or openssl("pkey", "-in", key, "-noout")
     fail(f"PEM files: {subject!r}")
 print("certificate:", subject.strip())
 
-find(app, named("password text", "Pass phrase"), "Pass phrase").queryEditableText().setTextContents("b-secret")
+control(app, "password text", "Pass phrase").queryEditableText().setTextContents("b-secret")
 save("Generate the certificate and key as one PKCS#12 bundle", "b.pfx")
 listing = openssl("pkcs12", "-in", saved("b.pfx"), "-passin", "pass:b-secret", "-nokeys", "-clcerts")
 if "subject=CN = portal.example" not in listing:
@@ -172,7 +107,7 @@ if any(open(path, "rb").read() != content for path, content in before.items()):
 print("question: a.crt already exists; No kept both files")
 
 press("page tab", "Certificate Signing Request")
-find(app, named("text", "Common Name"), "Common Name").queryEditableText().setTextContents("req.portal.example")
+control(app, "text", "Common Name").queryEditableText().setTextContents("req.portal.example")
 save("Generate the request and its key", "r")
 saved("r.key")
 subject = openssl("req", "-in", os.path.join(FOLDER, "r.csr"), "-noout", "-subject", "-verify")
@@ -189,7 +124,7 @@ application(NAME, timeout=1)
 pick(data)  # so the chooser is back
 with open(data, "rb") as content:
     md5 = hashlib.md5(content.read()).hexdigest().upper()
-checksum = find(app, named("label", md5), "MD5 checksum", timeout=60)
+checksum = control(app, "label", md5, timeout=60)
 if checksum.description != "MD5 checksum":
     fail(f"checksum described as {checksum.description!r}")
 print("checksum:", checksum.name, checksum.description)
