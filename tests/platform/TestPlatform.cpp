@@ -157,6 +157,9 @@ private Q_SLOTS:
             QTRY_VERIFY(scheme.IsDark());
             QCOMPARE(QGuiApplication::palette().color(QPalette::Window),
                      DesktopColorScheme::DarkPalette().color(QPalette::Window));
+            portal.write("contrast 2\n"); // another setting changes nothing
+            QTest::qWait(200);
+            QVERIFY(scheme.IsDark());
             portal.write("2\n"); // the desktop now prefers light
             QTRY_VERIFY(!scheme.IsDark());
             QCOMPARE(QGuiApplication::palette().color(QPalette::Window), lightWindow);
