@@ -82,7 +82,6 @@ void DesktopColorScheme::apply(const QVariant& portalValue)
     }
     m_dark = dark;
     QGuiApplication::setPalette(dark ? DarkPalette() : m_light);
-    Q_EMIT Changed(dark);
 }
 
 QPalette DesktopColorScheme::DarkPalette()

@@ -24,10 +24,6 @@ public:
     // The palettes the two preferences give.
     static QPalette DarkPalette();
 
-Q_SIGNALS:
-    // The palette has changed to the other preference.
-    void Changed(bool dark);
-
 private Q_SLOTS:
     void onSettingChanged(const QString& group, const QString& key, const QDBusVariant& value);
 

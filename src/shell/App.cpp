@@ -4,7 +4,6 @@
 #include "platform/CaretBlink.h"
 #include "platform/Coroutines.h"
 #include "platform/DesktopColorScheme.h"
-#include "platform/EventHandler.h"
 #include "platform/Package.h"
 #include "shell/MainWindow.h"
 
