@@ -1,14 +1,18 @@
 #!/usr/bin/python3
 """The program driven through the accessibility bus alone, as a screen-reader
-user would: no mouse. Writes a self-signed certificate as PEM files
-and as a PKCS#12 bundle, and a signing request (the texts written into their
-boxes, the country typed with the keyboard and left with the caret in its box,
-the file named in the save dialog) and checks them with the openssl
-command; then opens the checksum page, ticks MD5, picks the file and reads the
-size and the checksum back as the page exposes them; then closes the window.
-Usage: drive.py FILE"""
+user would: no mouse. Writes a self-signed certificate as PEM files and as a
+PKCS#12 bundle and a signing request (the texts written into their boxes, the
+country typed with the keys and left with the caret in its box) and checks
+them with the openssl command; ticks MD5 on the checksum page, picks a file
+and reads the size and checksum back as the page exposes them; closes the
+window. The files are named in the toolkit's own dialog, or with "portal" in
+the real desktop portal's GTK chooser, which must be modal over our window;
+there a bare name onto files there already brings our question, whose "No"
+leaves them alone, and a name that does not exist brings the chooser back.
+Usage: drive.py APP-NAME FOLDER [portal]"""
 import hashlib
 import os
+import re
 import stat
 import subprocess
 import sys
@@ -17,24 +21,16 @@ import time
 import pyatspi
 
 sys.path.insert(0, os.path.join(os.path.dirname(os.path.realpath(__file__)), "..", "support"))
-from accessibility import act, application, control, fail, openssl, walk  # noqa: E402
+from accessibility import act, application, control, fail, find, has, named, openssl, wait  # noqa: E402
 
-FILE = sys.argv[1]
+NAME, FOLDER = sys.argv[1:3]
+PORTAL = sys.argv[3:] == ["portal"]
+SHOWING, ENABLED, FOCUSED = pyatspi.STATE_SHOWING, pyatspi.STATE_ENABLED, pyatspi.STATE_FOCUSED
 
 
-def name_file_in_dialog(path, button_names):
-    dialog = control(app, "dialog")
-    name_box = None
-    for node in walk(dialog):
-        if node.getRoleName() == "text" and "name" in (node.name or "").lower():
-            name_box = node
-    if name_box is None:
-        fail("no file name box in the dialog")
-    name_box.queryEditableText().setTextContents(path)
-    buttons = [n for n in walk(dialog) if n.getRoleName() == "push button" and n.name in button_names]
-    if not buttons:
-        fail(f"no {button_names} button in the dialog")
-    act(buttons[0], "press")
+def press(role, name, action="press"):
+    """A control of the program's, once its window takes input again."""
+    act(find(app, lambda n: named(role, name)(n) and has(n, ENABLED), name), action)
 
 
 def write(role, name, text):
@@ -45,87 +41,127 @@ def write(role, name, text):
     box.queryEditableText().setTextContents(text)
 
 
-def type_keys(role, name, text):
-    """Into the box with the keyboard, through the display, as a person types;
-    the caret stays there."""
-    act(control(app, role, name), "setfocus")
-    time.sleep(0.3)
-    pyatspi.Registry.generateKeyboardEvent(0, text, pyatspi.KEY_STRING)
-    time.sleep(0.5)
+def run(*command):
+    return subprocess.run(command, stdout=subprocess.PIPE, text=True).stdout
 
 
-def generate(button_name, stem, written):
-    """Presses the button, with the focus wherever it was, names the file, and
-    waits until the last file is whole."""
-    act(control(app, "push button", button_name), "press")
-    name_file_in_dialog(stem, ("Save", "&Save"))
-    deadline = time.time() + 90
-    while time.time() < deadline and not (os.path.exists(written) and os.path.getsize(written) > 0):
-        time.sleep(0.2)
+def chooser(title):
+    """The GTK chooser, modal over our window, which takes no input meanwhile."""
+    dialog = find(application("xdg-desktop-portal-gtk"), named("file chooser", title), f"{title} chooser")
+    if has(control(app, "push button", "Close"), ENABLED):
+        fail("the window takes input under the chooser")
+    tree = run("xwininfo", "-root", "-tree")
+    window = re.search(rf'(0x[0-9a-f]+) "{title}": \("xdg-desktop-portal-gtk"', tree)
+    wm = run("xprop", "-id", window[1], "WM_TRANSIENT_FOR", "_NET_WM_STATE")
+    owner = re.search(r"window id # (0x[0-9a-f]+)", wm)
+    if not owner or not re.search(rf'{owner[1]} "[^"]*": \("{re.escape(NAME)}"', tree) or \
+            "_NET_WM_STATE_MODAL" not in wm:
+        fail(f"chooser not modal over the program's window: {wm!r}")
+    return dialog
+
+
+def answer(dialog, box, path):
+    """Writes the name whole (typed keys would take GTK's inline completion of
+    the extension) and confirms it from the keyboard, as a person does."""
+    box.queryEditableText().setTextContents(path)
+    time.sleep(0.5)  # GTK drops a Return that comes within ~0.1 s of the edit
+    pyatspi.Registry.generateKeyboardEvent(0xFF0D, None, pyatspi.KEY_SYM)
+    wait(lambda: not has(dialog, SHOWING), f"the chooser kept {path}")
+
+
+def name_file(saving, path):
+    if not PORTAL:
+        dialog = control(app, "dialog")
+        box = find(dialog, lambda n: n.getRoleName() == "text" and "name" in (n.name or "").lower(), "name box")
+        box.queryEditableText().setTextContents(path)
+        labels = ("Save", "&Save") if saving else ("Open", "&Open")
+        return act(find(dialog, lambda n: n.getRoleName() == "push button" and n.name in labels, "button"), "press")
+    if saving:
+        dialog = chooser("Save As")
+        return answer(dialog, find(dialog, lambda n: n.getRoleName() == "text" and any(
+            r.getRelationType() == pyatspi.RELATION_LABELLED_BY and r.getTarget(0).name == "Name:"
+            for r in n.getRelationSet()), "Name box"), path)
+    dialog = chooser("Open")
+    # "/" opens GTK's location box, which has neither name nor label.
+    pyatspi.Registry.generateKeyboardEvent(0, "/", pyatspi.KEY_STRING)
+    answer(dialog, find(dialog, lambda n: n.getRoleName() == "text" and has(n, FOCUSED), "location box"), path)
+
+
+def save(button, stem, written):
+    """Presses the button with the focus wherever it was, names the file, and
+    waits until the last file is whole; a secret must be owner-only."""
+    press("push button", button)
+    name_file(True, os.path.join(FOLDER, stem))
+    path = os.path.join(FOLDER, written)
+    wait(lambda: os.path.exists(path) and os.path.getsize(path) > 0, f"{path} not written", 90)
     time.sleep(0.5)
-    if stat.S_IMODE(os.stat(written).st_mode) & 0o077 and not written.endswith((".crt", ".csr")):
+    if stat.S_IMODE(os.stat(path).st_mode) & 0o077:
         fail(f"{written} is not owner-only")
+    return path
 
 
-app = application("zorvane")
-folder = os.path.dirname(FILE)
+app = application(NAME)
 
-# A self-signed certificate as PEM files, then as a bundle with a pass phrase.
-act(control(app, "page tab", "Self-Signed Certificate"), "press")
+press("page tab", "Self-Signed Certificate")
 write("text", "Common Name", "e2e.example")
-generate("Generate the certificate and key as PEM files", os.path.join(folder, "e2e"),
-         os.path.join(folder, "e2e.key"))
-subject = openssl("x509", "-in", os.path.join(folder, "e2e.crt"), "-noout", "-subject")
-if "CN = e2e.example" not in subject:
-    fail(f"certificate subject {subject!r}")
+key = save("Generate the certificate and key as PEM files", "a", "a.key")
+crt = os.path.join(FOLDER, "a.crt")
+subject = openssl("x509", "-in", crt, "-noout", "-subject")
+if "CN = e2e.example" not in subject or openssl("pkey", "-in", key, "-noout").strip():
+    fail(f"PEM files: {subject!r}")
 print("certificate:", subject.strip())
 
-act(control(app, "radio button", "Use the certificate for digital signing"), "press")
+press("radio button", "Use the certificate for digital signing")
 write("password text", "Pass phrase", "bundle-secret")
-bundle = os.path.join(folder, "bundle.pfx")
-generate("Generate the certificate and key as one PKCS#12 bundle", os.path.join(folder, "bundle"), bundle)
+bundle = save("Generate the certificate and key as one PKCS#12 bundle", "b", "b.pfx")
 listing = openssl("pkcs12", "-in", bundle, "-passin", "pass:bundle-secret", "-nokeys", "-clcerts")
-if "subject=CN = e2e.example" not in listing:
-    fail(f"bundle {listing!r}")
 usage = subprocess.run(["openssl", "x509", "-noout", "-ext", "keyUsage"], input=listing,
                        capture_output=True, text=True).stdout
-if "Digital Signature" not in usage:
-    fail(f"bundle's key usage {usage!r}")
+if "subject=CN = e2e.example" not in listing or "Digital Signature" not in usage:
+    fail(f"bundle: {listing!r} {usage!r}")
 print("bundle: opened with its pass phrase")
 
-# A request with its subject, alternative names and an encrypted key.
-act(control(app, "page tab", "Certificate Signing Request"), "press")
+if PORTAL:  # the bare name again: GTK was asked about "a" only, so the program asks
+    before = {path: open(path, "rb").read() for path in (crt, key)}
+    press("push button", "Generate the certificate and key as PEM files")
+    name_file(True, os.path.join(FOLDER, "a"))
+    question = find(app, lambda n: n.getRoleName() in ("alert", "dialog") and n.name == "Save As", "question")
+    find(question, named("label", "a.crt already exists.\nDo you want to replace it?"), "question's text")
+    press("push button", "No")
+    time.sleep(1)
+    if any(open(path, "rb").read() != content for path, content in before.items()):
+        fail("a No replaced the PEM files")
+    print("question: a.crt already exists; No kept both files")
+
+press("page tab", "Certificate Signing Request")
 write("text", "Common Name", "req.example")
 write("text", "Organization", "E2E Ltd")
 write("password text", "Pass phrase", "request-secret")
-type_keys("text", "Country code", "NZ")  # typed last: the press must hand it on
-request = os.path.join(folder, "req.csr")
-generate("Generate the request and its key", os.path.join(folder, "req"), os.path.join(folder, "req.key"))
-subject = openssl("req", "-in", request, "-noout", "-subject", "-verify")
-if "CN = req.example, O = E2E Ltd, C = NZ" not in subject or "verify OK" not in subject:
-    fail(f"request {subject!r}")
-key = openssl("pkey", "-in", os.path.join(folder, "req.key"), "-passin", "pass:request-secret", "-noout")
-if key.strip():
-    fail(f"request key {key!r}")
+act(control(app, "text", "Country code"), "setfocus")
+time.sleep(0.3)
+pyatspi.Registry.generateKeyboardEvent(0, "NZ", pyatspi.KEY_STRING)  # last: the press hands it on
+time.sleep(0.5)
+key = save("Generate the request and its key", "r", "r.key")
+subject = openssl("req", "-in", os.path.join(FOLDER, "r.csr"), "-noout", "-subject", "-verify")
+if "CN = req.example, O = E2E Ltd, C = NZ" not in subject or "verify OK" not in subject or \
+        openssl("pkey", "-in", key, "-passin", "pass:request-secret", "-noout").strip():
+    fail(f"request: {subject!r}")
 print("request:", subject.strip().replace("\n", "; "))
 
-act(control(app, "page tab", "File Checksums"), "press")
-act(control(app, "check box", "MD5"), "toggle")
-act(control(app, "push button", "Choose the file to check"), "press")
-
-name_file_in_dialog(FILE, ("Open", "&Open"))
-
-with open(FILE, "rb") as data:
-    content = data.read()
-md5 = hashlib.md5(content).hexdigest().upper()
-# The values read out as their text, what they are as the description.
+press("page tab", "File Checksums")
+press("check box", "MD5", "toggle")
+press("push button", "Choose the file to check")
+data = os.path.join(FOLDER, "data.bin")
+if PORTAL:
+    name_file(False, data[:-2] + "ni")  # a slip of the keys: GTK hands on a file that does not exist
+name_file(False, data)  # so the chooser is back
+with open(data, "rb") as content:
+    md5, size = hashlib.md5(content.read()).hexdigest().upper(), os.path.getsize(data)
 checksum = control(app, "label", md5, timeout=60)
-if checksum.description != "MD5 checksum":
-    fail(f"checksum described as {checksum.description!r}")
-size = control(app, "label", str(len(content)))
-if size.description != "Size in bytes":
-    fail(f"size described as {size.description!r}")
+size = control(app, "label", str(size))
+if (checksum.description, size.description) != ("MD5 checksum", "Size in bytes"):
+    fail(f"described as {checksum.description!r}, {size.description!r}")
 print("read out:", checksum.name, checksum.description, size.name)
 
-act(control(app, "push button", "Close"), "press")
+press("push button", "Close")
 print("OK")
