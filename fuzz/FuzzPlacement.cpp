@@ -18,43 +18,23 @@
 
 using namespace Zorvane;
 
-namespace {
-
-class Input
-{
-public:
-    Input(const std::uint8_t* data, std::size_t size) : m_data(data), m_size(size) {}
-
-    template <class T>
-    T take()
-    {
-        T value{};
-        const std::size_t count = std::min(sizeof(T), m_size);
-        std::memcpy(&value, m_data, count);
-        m_data += count;
-        m_size -= count;
-        return value;
-    }
-
-    bool empty() const { return m_size == 0; }
-
-private:
-    const std::uint8_t* m_data;
-    std::size_t m_size;
-};
-
-} // namespace
-
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
-    Input input(data, size);
-    const auto present = input.take<std::uint8_t>();
-    const auto showCmd = input.take<std::uint32_t>();
+    // The next value of the input, zero-filled past its end.
+    const auto take = [&]<class T>(T value) {
+        const std::size_t count = std::min(sizeof(T), size);
+        std::memcpy(&value, data, count);
+        data += count;
+        size -= count;
+        return value;
+    };
+    const auto present = take(std::uint8_t{});
+    const auto showCmd = take(std::uint32_t{});
     double values[8];
     for (double& value : values) {
-        value = input.take<double>();
+        value = take(0.0);
     }
-    const double ratio = 0.25 + (input.take<std::uint8_t>() % 16) * 0.25;
+    const double ratio = 0.25 + (take(std::uint8_t{}) % 16) * 0.25;
 
     QVariantMap stored;
     if (present & 1) {
@@ -74,11 +54,11 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     }
 
     QList<QRect> screens;
-    while (!input.empty() && screens.size() < 3) {
-        const auto x = input.take<std::int16_t>();
-        const auto y = input.take<std::int16_t>();
-        const int width = 200 + input.take<std::uint16_t>() % 7800;
-        const int height = 200 + input.take<std::uint16_t>() % 4200;
+    while (size > 0 && screens.size() < 3) {
+        const auto x = take(std::int16_t{});
+        const auto y = take(std::int16_t{});
+        const int width = 200 + take(std::uint16_t{}) % 7800;
+        const int height = 200 + take(std::uint16_t{}) % 4200;
         screens << QRect(x, y, width, height);
     }
 

@@ -26,7 +26,6 @@ public:
     bool holding = false;             ///< the picker stays open, its answer kept in held
     FilePickDone held;
     QList<QList<QByteArray>> reveals; ///< what the file manager was asked to show
-    QSize firstSize;                  ///< the window's size as the program chose it
 
     // Starts the program's window in the wide layout that the suites expect.
     bool start()
@@ -46,7 +45,6 @@ public:
         if (!QTest::qWaitForWindowExposed(window)) {
             return false;
         }
-        firstSize = window->size();
         window->resize(1100, 720);
         return QTest::qWaitFor([this] { return page() != nullptr; });
     }
@@ -90,26 +88,19 @@ public:
         typeText(window, text);
     }
 
-    // Runs the action and waits for the page to be back in "Normal".
-    bool actAndWait(const std::function<void()>& action) const
-    {
-        bool normal = false;
-        const auto connection =
-            QObject::connect(page(), &QQuickItem::stateChanged,
-                             [&](const QString& state) { normal = normal || state == u"Normal"; });
-        action();
-        const bool ended = QTest::qWaitFor([&] { return normal; }, 60000);
-        QObject::disconnect(connection);
-        return ended;
-    }
-
-    // The page's states while the action runs, until done() holds.
+    // The page's states while the action runs, until done() holds or,
+    // without it, until the page is back in "Normal".
     QStringList statesDuring(const std::function<void()>& action,
-                             const std::function<bool()>& done) const
+                             std::function<bool()> done = {}) const
     {
         QStringList states;
         const auto connection = QObject::connect(page(), &QQuickItem::stateChanged,
                                                  [&](const QString& state) { states << state; });
+        if (!done) {
+            done = [&] {
+                return states.contains(u"Normal"_s);
+            };
+        }
         action();
         if (!QTest::qWaitFor(done, 120000)) {
             states << QStringLiteral("(timed out)");
