@@ -13,10 +13,8 @@
 #include <openssl/asn1err.h>
 #include <openssl/err.h>
 
-#include <chrono>
 #include <csignal>
 #include <fcntl.h>
-#include <future>
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <thread>
@@ -526,19 +524,11 @@ private Q_SLOTS:
         }
 
         const std::optional<unsigned> modeBefore = fileMode(QString::fromUtf8(path));
-        auto opening = std::async(std::launch::async, [&] {
-            return raised([&] {
-                const BioPtr bio = OpenOutputBio(path.toStdString(), FileAccess::OwnerOnly);
-                write_private_key(bio.get(), generate_rsa_key(512).get(), nullptr, {});
-            });
+        // Blocking on a pipe is a hang, which the suite's time limit ends.
+        const std::error_code ec = raised([&] {
+            const BioPtr bio = OpenOutputBio(path.toStdString(), FileAccess::OwnerOnly);
+            write_private_key(bio.get(), generate_rsa_key(512).get(), nullptr, {});
         });
-        if (opening.wait_for(std::chrono::seconds(20)) != std::future_status::ready) {
-            const int unblock = open(fifo.constData(), O_RDONLY | O_NONBLOCK); // let it finish
-            opening.wait();
-            close(unblock);
-            QFAIL("blocked on the pipe");
-        }
-        const std::error_code ec = opening.get();
         if (reason.isEmpty()) {
             QCOMPARE(ec.value(), 0);
             const QByteArray written = readFile(QString::fromUtf8(file));
