@@ -33,7 +33,6 @@ class FakeFileChooser : public QObject, protected QDBusContext
 public:
     QString method;
     QVariantMap options;
-    uint response = 0;
     QStringList uris;  ///< the first answer
     QStringList later; ///< the answer to every later call
     int calls = 0;
@@ -58,7 +57,7 @@ private:
                                asked.value(u"handle_token"_s).toString();
         QDBusMessage signal =
             QDBusMessage::createSignal(handle, u"org.freedesktop.portal.Request"_s, u"Response"_s);
-        signal << response << QVariantMap{{u"uris"_s, calls++ == 0 ? uris : later}};
+        signal << 0u << QVariantMap{{u"uris"_s, calls++ == 0 ? uris : later}};
         QTimer::singleShot(10, this, [bus = connection(), signal] { bus.send(signal); });
         return QDBusObjectPath(handle);
     }
@@ -83,6 +82,18 @@ FireAndForget pickInto(FilePickRequest request, std::optional<QByteArray>* answe
 {
     *answer = co_await PickFileAsync(nullptr, request);
     *answered = true;
+}
+
+// The toolkit's window of that type that is showing, if any.
+template <class Window>
+Window* shown()
+{
+    for (QWidget* widget : QApplication::topLevelWidgets()) {
+        if (auto* window = qobject_cast<Window*>(widget); window && window->isVisible()) {
+            return window;
+        }
+    }
+    return nullptr;
 }
 
 FilePickRequest pemSave()
@@ -169,7 +180,6 @@ private Q_SLOTS:
     void portalChooser_data()
     {
         QTest::addColumn<bool>("save");
-        QTest::addColumn<uint>("response");
         QTest::addColumn<QStringList>("answers"); ///< in turn; names in a folder of the test's
         QTest::addColumn<QString>("existing");
         QTest::addColumn<int>("reply");         ///< to the question; 0 where none may come
@@ -177,16 +187,16 @@ private Q_SLOTS:
         const int yes = QMessageBox::Yes;
         const int no = QMessageBox::No;
         // clang-format off
-        QTest::newRow("a name that is not UTF-8") << true << 0u
+        QTest::newRow("a name that is not UTF-8") << true
             << QStringList{u"file:///home/u/caf%E9%20%25.crt"_s} << QString() << 0
             << QByteArray("/home/u/caf\xe9 %.crt");
-        QTest::newRow("bare name onto a file, replaced") << true << 0u << QStringList{u"server"_s}
+        QTest::newRow("bare name onto a file, replaced") << true << QStringList{u"server"_s}
             << u"server.crt"_s << yes << QByteArray("server");
-        QTest::newRow("bare name onto a file, kept") << true << 0u << QStringList{u"server"_s}
+        QTest::newRow("bare name onto a file, kept") << true << QStringList{u"server"_s}
             << u"server.crt"_s << no << QByteArray();
-        QTest::newRow("bare name, nothing there") << true << 0u << QStringList{u"server"_s}
+        QTest::newRow("bare name, nothing there") << true << QStringList{u"server"_s}
             << u"server"_s << 0 << QByteArray("server");
-        QTest::newRow("open, a typo asks again") << false << 0u
+        QTest::newRow("open, a typo asks again") << false
             << QStringList{u"data.bni"_s, u"data.bin"_s} << u"data.bin"_s << 0 << QByteArray("data.bin");
         // clang-format on
     }
@@ -194,7 +204,6 @@ private Q_SLOTS:
     void portalChooser()
     {
         QFETCH(bool, save);
-        QFETCH(uint, response);
         QFETCH(QStringList, answers);
         QFETCH(QString, existing);
         QFETCH(int, reply);
@@ -209,7 +218,6 @@ private Q_SLOTS:
                        : QUrl::fromLocalFile(dir.filePath(name)).toString(QUrl::FullyEncoded);
         };
         FakeFileChooser portal;
-        portal.response = response;
         portal.uris = {uri(answers.first())};
         portal.later = {uri(answers.last())};
         registerFake(&portal);
@@ -221,14 +229,7 @@ private Q_SLOTS:
         std::optional<QByteArray> answer;
         bool answered = false;
         pickInto(request, &answer, &answered);
-        const auto question = [] {
-            for (QWidget* widget : QApplication::topLevelWidgets()) {
-                if (auto* box = qobject_cast<QMessageBox*>(widget); box && box->isVisible()) {
-                    return box;
-                }
-            }
-            return static_cast<QMessageBox*>(nullptr);
-        };
+        const auto question = shown<QMessageBox>;
         QTRY_VERIFY(answered || question());
         if (reply != 0) {
             QVERIFY(question());
@@ -302,15 +303,7 @@ private Q_SLOTS:
         FilePickRequest request;
         request.mode = FilePickRequest::Mode::Open;
         pickInto(request, &answer, &answered);
-        const auto openDialog = [] {
-            for (QWidget* widget : QApplication::topLevelWidgets()) {
-                if (auto* dialog = qobject_cast<QFileDialog*>(widget);
-                    dialog && dialog->isVisible()) {
-                    return dialog;
-                }
-            }
-            return static_cast<QFileDialog*>(nullptr);
-        };
+        const auto openDialog = shown<QFileDialog>;
         QTRY_VERIFY(openDialog());
         // As a user types it: the focused name box keeps out selectFile().
         auto* name = openDialog()->findChild<QLineEdit*>(u"fileNameEdit"_s);
