@@ -43,11 +43,9 @@ class TestChecksumPage : public QObject
 
     QString expected(const QString& digest) const
     {
-        QStringList arguments{u"dgst"_s, u"-r"_s, u"-"_s + digest};
-        if (digest.startsWith(u"SHAKE"_s)) {
-            arguments << u"-xoflen"_s << u"64"_s;
-        }
-        return runOpenSsl(arguments << m_file).output.section(u' ', 0, 0).toUpper();
+        return runOpenSsl({u"dgst"_s, u"-r"_s, u"-"_s + digest, m_file})
+            .output.section(u' ', 0, 0)
+            .toUpper();
     }
 
 private Q_SLOTS:
@@ -61,7 +59,7 @@ private Q_SLOTS:
         QVERIFY(m_app.start());
     }
 
-    void pickTickUntickAllNone()
+    void pickTickUntick()
     {
         open();
         // The same file under a name that is not UTF-8: its bytes reach open(2).
@@ -75,24 +73,14 @@ private Q_SLOTS:
         clickAndWait(m_app.control(u"Check_SHA2-256"_s));
         QVERIFY(m_app.control(u"Row_SHA2-256"_s)->isVisible());
         QCOMPARE(m_app.text(u"Value_SHA2-256"_s), expected(u"SHA2-256"_s));
-        QVERIFY(m_app.control(u"Copy_SHA2-256"_s)->isVisible());
-
-        clickAndWait(m_app.control(u"AllButton"_s));
-        for (const QString& name : {u"MD5"_s, u"SHA3-512"_s, u"SHAKE-128"_s, u"BLAKE2B-512"_s}) {
-            QVERIFY(m_app.control(u"Row_"_s + name)->isVisible());
-            QCOMPARE(m_app.text(u"Value_"_s + name), expected(name));
-        }
-
-        clickAndWait(m_app.control(u"Check_MD5"_s)); // untick: the row goes at once
-        QVERIFY(!m_app.control(u"Row_MD5"_s)->isVisible());
-        clickAndWait(m_app.control(u"NoneButton"_s));
+        clickAndWait(m_app.control(u"Check_SHA2-256"_s)); // untick: the row goes
         QVERIFY(!m_app.control(u"Row_SHA2-256"_s)->isVisible());
         QCOMPARE(m_app.text(u"sizeOutput"_s), u"1234567"_s);
         ::unlink(m_app.answer->constData()); // the temporary folder cannot spell it
     }
 
-    // A digest ticked by an assistive tool starts a run, as a click does; the
-    // results read out, and the copy buttons answer a press.
+    // A digest ticked by an assistive tool starts a run, as a click does, and
+    // the copy buttons answer a press.
     void resultsAndButtonsThroughAccessibility_data()
     {
         QTest::addColumn<QString>("tick"); // what the assistive tool does to the check box
@@ -110,15 +98,6 @@ private Q_SLOTS:
         QVERIFY(m_app.control(u"Check_MD5"_s)->property("checked").toBool());
         QVERIFY(
             QAccessible::queryAccessibleInterface(m_app.control(u"Check_MD5"_s))->state().checked);
-        const auto spoken = [&](const QString& name) -> QString {
-            QAccessibleInterface* accessible =
-                QAccessible::queryAccessibleInterface(m_app.control(name));
-            return accessible->text(QAccessible::Name) + u" | "_s +
-                   accessible->text(QAccessible::Description);
-        };
-        QCOMPARE(spoken(u"fileNameBox"_s), m_file + u" | File"_s);
-        QCOMPARE(spoken(u"sizeOutput"_s), u"1234567 | Size in bytes"_s);
-        QCOMPARE(spoken(u"Value_MD5"_s), expected(u"MD5"_s) + u" | MD5 checksum"_s);
 
         // The report with its title, one value and the size without.
         QVERIFY(accessiblePress(m_app.control(u"CopyAllButton"_s)));
