@@ -14,7 +14,6 @@
 
 #include <openssl/err.h>
 
-#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <string>
@@ -44,34 +43,29 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     }
     const bool forDigitalSigning = (data[0] & 1) != 0;
     std::string_view rest(reinterpret_cast<const char*>(data + 1), size - 1);
-    std::array<std::string, 7> fields;
-    for (std::string& field : fields) {
-        const std::size_t end = rest.find('\0');
-        field = std::string(rest.substr(0, end));
-        rest = end == std::string_view::npos ? std::string_view() : rest.substr(end + 1);
-    }
-
-    SelfSignedSettings selfSigned;
-    selfSigned.forDigitalSigning = forDigitalSigning;
-    selfSigned.commonName = fields[0];
-    expectFailureRoad([&] {
-        const X509Ptr certificate(X509_new());
-        add_self_signed_names(certificate.get(), selfSigned);
-    });
-
+    // The fields in the order of the input, split at NUL bytes.
     RequestSettings request;
     request.forDigitalSigning = forDigitalSigning;
-    request.commonName = fields[0];
-    request.commonNameWide = widen_bytes(fields[0]);
-    request.altNames = fields[1];
-    request.organization = fields[2];
-    request.organizationalUnit = fields[3];
-    request.location = fields[4];
-    request.state = fields[5];
-    request.countryCode = fields[6];
+    for (std::string RequestSettings::*field :
+         {&RequestSettings::commonName, &RequestSettings::altNames, &RequestSettings::organization,
+          &RequestSettings::organizationalUnit, &RequestSettings::location, &RequestSettings::state,
+          &RequestSettings::countryCode}) {
+        const std::size_t end = rest.find('\0');
+        request.*field = std::string(rest.substr(0, end));
+        rest = end == std::string_view::npos ? std::string_view() : rest.substr(end + 1);
+    }
+    request.commonNameWide = widen_bytes(request.commonName);
     expectFailureRoad([&] {
         const X509ReqPtr signingRequest(X509_REQ_new());
         add_request_names(signingRequest.get(), request);
+    });
+
+    SelfSignedSettings selfSigned;
+    selfSigned.forDigitalSigning = forDigitalSigning;
+    selfSigned.commonName = request.commonName;
+    expectFailureRoad([&] {
+        const X509Ptr certificate(X509_new());
+        add_self_signed_names(certificate.get(), selfSigned);
     });
     return 0;
 }

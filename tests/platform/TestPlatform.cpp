@@ -95,15 +95,6 @@ Window* shown()
     }
     return nullptr;
 }
-
-FilePickRequest pemSave()
-{
-    FilePickRequest request;
-    request.choiceKey = u"PEM"_s;
-    request.extensions = {u".crt"_s};
-    request.defaultExtension = u".crt"_s;
-    return request;
-}
 } // namespace
 
 class TestPlatform : public QObject
@@ -221,11 +212,9 @@ private Q_SLOTS:
         portal.uris = {uri(answers.first())};
         portal.later = {uri(answers.last())};
         registerFake(&portal);
-        FilePickRequest request = pemSave();
-        if (!save) {
-            request = {};
-            request.mode = FilePickRequest::Mode::Open;
-        }
+        const FilePickRequest request =
+            save ? FilePickRequest{FilePickRequest::Mode::Save, u"PEM"_s, {u".crt"_s}, u".crt"_s}
+                 : FilePickRequest{FilePickRequest::Mode::Open, {}, {}, {}};
         std::optional<QByteArray> answer;
         bool answered = false;
         pickInto(request, &answer, &answered);

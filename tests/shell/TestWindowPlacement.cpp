@@ -13,11 +13,7 @@ const QVariantMap full{{u"showCmd"_s, QVariant::fromValue(1u)},
 QVariantMap with(const QString& key, const QVariant& value)
 {
     QVariantMap map = full;
-    if (value.isValid()) {
-        map.insert(key, value);
-    } else {
-        map.remove(key);
-    }
+    map.insert(key, value);
     return map;
 }
 } // namespace
