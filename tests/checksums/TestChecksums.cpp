@@ -201,12 +201,7 @@ private Q_SLOTS:
         QVERIFY(page.waitForNormal());
         QVERIFY2(probe.stayedLive(), qPrintable(probe.report()));
         for (const QString& name : {u"SHA2-256"_s, u"SHAKE-128"_s}) {
-            const QStringList xof{u"-xoflen"_s, u"64"_s};
-            const CommandResult dgst =
-                runOpenSsl(QStringList{u"dgst"_s, u"-r"_s, u"-"_s + name} +
-                           (name.startsWith(u"SHAKE"_s) ? xof : QStringList()) +
-                           QStringList{QFile::decodeName(page.file)});
-            QCOMPARE(page.checksum(name), dgst.output.section(u' ', 0, 0).toUpper());
+            QCOMPARE(page.checksum(name), opensslDigest(name, QFile::decodeName(page.file)));
         }
     }
 

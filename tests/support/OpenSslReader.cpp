@@ -163,4 +163,14 @@ CommandResult runOpenSsl(const QStringList& arguments, const QByteArray& input)
             QString::fromUtf8(process.readAll())};
 }
 
+QString opensslDigest(const QString& digest, const QString& path)
+{
+    const QStringList xof{QStringLiteral("-xoflen"), QStringLiteral("64")};
+    return runOpenSsl(QStringList{QStringLiteral("dgst"), QStringLiteral("-r"), u'-' + digest} +
+                      (digest.startsWith(QStringLiteral("SHAKE")) ? xof : QStringList()) +
+                      QStringList{path})
+        .output.section(u' ', 0, 0)
+        .toUpper();
+}
+
 } // namespace Zorvane::Testing

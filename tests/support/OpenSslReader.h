@@ -48,5 +48,8 @@ struct CommandResult
     QString output; ///< standard output and error together
 };
 CommandResult runOpenSsl(const QStringList& arguments, const QByteArray& input = {});
+// What "openssl dgst" gives for the file, upper-cased as the program shows
+// it; 64 bytes of an extendable-output digest.
+QString opensslDigest(const QString& digest, const QString& path);
 
 } // namespace Zorvane::Testing
