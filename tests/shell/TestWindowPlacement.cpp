@@ -74,6 +74,16 @@ private Q_SLOTS:
             QCOMPARE(window.geometry(), geometry);
         }
     }
+
+    // A NaN is read as 0, never converted: the far left it would make fits
+    // back onto the one screen here, so the stored rectangle itself is looked at.
+    void nanReadAsZero()
+    {
+        const QRectF nan(qQNaN(), qQNaN(), 400, 300);
+        const WindowPlacement::Rect rect =
+            RestoredPlacement(with(u"rcNormalPosition"_s, nan), WindowPlacement()).rcNormalPosition;
+        QCOMPARE((QList<int>{rect.left, rect.top}), (QList<int>{0, 0}));
+    }
 };
 
 QTEST_MAIN(TestWindowPlacement)
