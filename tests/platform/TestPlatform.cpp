@@ -266,7 +266,6 @@ private Q_SLOTS:
         QTest::addColumn<QString>("uri");
         QTest::addColumn<std::optional<QByteArray>>("path");
         const std::optional<QByteArray> none;
-        QTest::newRow("plain") << u"file:///a/b"_s << std::optional<QByteArray>("/a/b");
         QTest::newRow("escapes of any byte")
             << u"file:///%ff%2F%3F"_s << std::optional<QByteArray>("/\xff/?");
         QTest::newRow("another host") << u"file://server/a"_s << none;

@@ -68,7 +68,6 @@ private Q_SLOTS:
     void firstPageAtStart()
     {
         QCOMPARE(m_window->title(), u"Halvertrix Zorvane"_s);
-        QCOMPARE(m_frame->CurrentSourcePageType(), u"Zorvane.SelfSignedCertPage"_s);
         QCOMPARE(headerText(), u"Self-Signed Certificate"_s);
         QCOMPARE(named("YearRun")->property("text").toString(), u"2025"_s);
     }

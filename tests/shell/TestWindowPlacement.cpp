@@ -34,7 +34,6 @@ private Q_SLOTS:
         QTest::addColumn<QVariant>("stored");
         QTest::addColumn<int>("state");
         QTest::addColumn<QRect>("geometry");
-        const qreal nan = qQNaN();
         const auto rect = [](const QRectF& r) {
             return QVariant(with(u"rcNormalPosition"_s, r));
         };
@@ -47,7 +46,6 @@ private Q_SLOTS:
         QTest::newRow("maximised stays") << show(3) << int(Qt::WindowMaximized) << QRect();
         QTest::newRow("minimised becomes normal") << show(2) << normal << QRect(10, 20, 400, 300);
         QTest::newRow("not a map: untouched") << QVariant(u"x"_s) << normal << QRect(50, 60, 500, 400);
-        QTest::newRow("NaN: usable size") << rect(QRectF(nan, nan, nan, nan)) << normal << QRect(0, 0, 360, 240);
         QTest::newRow("negative size") << rect(QRectF(100, 100, -50, -50)) << normal << QRect(100, 100, 360, 240);
         QTest::newRow("far off: onto the screen") << rect(QRectF(5000, 5000, 400, 300)) << normal << QRect(400, 500, 400, 300);
         QTest::newRow("title bar below the screen") << rect(QRectF(100, 790, 400, 300)) << normal << QRect(100, 500, 400, 300);

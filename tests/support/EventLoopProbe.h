@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QElapsedTimer>
-#include <QString>
 #include <QTimer>
 
 namespace Zorvane::Testing {
@@ -22,10 +21,6 @@ public:
     bool stayedLive() const
     {
         return m_ticks >= 2 && m_ticks * 8 * m_interval >= m_elapsed.elapsed();
-    }
-    QString report() const
-    {
-        return QStringLiteral("%1 ticks in %2 ms").arg(m_ticks).arg(m_elapsed.elapsed());
     }
 
 private:
