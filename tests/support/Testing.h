@@ -22,27 +22,22 @@ struct ChildRun
 {
     bool crashed = false;
     int exitCode = -1;
-    QString standardOutput;
     QString output; ///< standard output, then standard error
 };
 
 // This test program started again with the arguments, as a child process
 // whose end (a crash, say) cannot take the tests with it.
-inline ChildRun
-runSelf(const QStringList& arguments,
-        const QProcessEnvironment& environment = QProcessEnvironment::systemEnvironment())
+inline ChildRun runSelf(const QStringList& arguments)
 {
     QProcess child;
-    child.setProcessEnvironment(environment);
     child.start(QCoreApplication::applicationFilePath(), arguments);
     if (!child.waitForFinished(60000)) {
         child.kill();
         child.waitForFinished();
-        return {false, -1, {}, QStringLiteral("(timed out)")};
+        return {false, -1, QStringLiteral("(timed out)")};
     }
-    const QString out = QString::fromUtf8(child.readAllStandardOutput());
-    return {child.exitStatus() == QProcess::CrashExit, child.exitCode(), out,
-            out + QString::fromUtf8(child.readAllStandardError())};
+    return {child.exitStatus() == QProcess::CrashExit, child.exitCode(),
+            QString::fromUtf8(child.readAllStandardOutput() + child.readAllStandardError())};
 }
 
 using ChildMain = int (*)(int argc, char** argv);
