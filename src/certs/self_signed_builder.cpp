@@ -52,6 +52,12 @@ void build_and_write(const SelfSignedSettings& settings)
     add_self_signed_names(certificate.get(), settings);
 
     ssl_check(X509_set_pubkey(certificate.get(), key.get()));
+    // A certificate with extensions must be version 3 (RFC 5280), or GnuTLS and
+    // Java refuse it. OpenSSL 3.2 and later make sure of that when signing;
+    // 3.0 does not, so the same guarantee is given here on every release.
+    if (X509_get_ext_count(certificate.get()) > 0) {
+        ssl_check(X509_set_version(certificate.get(), X509_VERSION_3));
+    }
     ssl_check(X509_sign(certificate.get(), key.get(), EVP_sha256()));
 
     if (settings.format == OutputFormat::Pkcs12) {

@@ -279,6 +279,8 @@ private Q_SLOTS:
                    : std::pair(readPrivateKey(keyPath, passphrase), readCertificate(certPath));
         QVERIFY(key && certificate);
         X509* cert = certificate.get();
+        // Extensions are allowed in version 3 alone; other TLS stacks refuse anything else.
+        QCOMPARE(X509_get_version(cert), long{X509_VERSION_3});
         QCOMPARE(ASN1_INTEGER_get(X509_get0_serialNumber(cert)), 1L);
         const QStringList subject{u"CN="_s + commonName};
         QCOMPARE(nameEntries(X509_get_subject_name(cert)), subject);
