@@ -113,8 +113,12 @@ SelfSignedCertPage {
                         textFromValue: function (value, locale) {
                             return value.toString();
                         }
+                        // Every keystroke stays in the box: what it means is
+                        // decided when the text is committed, below.
+                        validator: RegularExpressionValidator { regularExpression: /.*/ }
                         // An emptied box, or text that does not parse, brings the
-                        // old value back; a fraction is rounded down.
+                        // old value back; a fraction is rounded down; a number
+                        // past a limit stops at it rather than wrapping.
                         valueFromText: function (text, locale) {
                             let number = NaN;
                             try {
@@ -122,7 +126,7 @@ SelfSignedCertPage {
                             } catch (error) {
                                 number = NaN;
                             }
-                            return isNaN(number) ? value : Math.floor(number);
+                            return isNaN(number) ? value : Math.max(from, Math.min(to, Math.floor(number)));
                         }
                         // Typed, stepped or set by an assistive tool alike.
                         onValueChanged: if (page.controlsBound) page.ViewModel.ValidDays = value

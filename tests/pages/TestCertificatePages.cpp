@@ -262,7 +262,11 @@ private Q_SLOTS:
         QTest::addColumn<int>("shown");
         QTest::addColumn<int>("stored");
         QTest::newRow("emptied: the old value, nothing stored") << QString() << 365 << 365;
+        QTest::newRow("letters: the old value, nothing stored") << u"30d"_s << 365 << 365;
         QTest::newRow("no grouping, even in German") << u"1000"_s << 1000 << 1;
+        QTest::newRow("a fraction rounded down") << u"0.5"_s << 0 << 0;
+        QTest::newRow("a negative fraction rounded down") << u"-2.5"_s << -3 << -3;
+        QTest::newRow("past the maximum, never wrapped") << u"3000000000"_s << 36500 << 1;
     }
 
     void validityTyped()
