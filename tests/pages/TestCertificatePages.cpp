@@ -290,20 +290,73 @@ private Q_SLOTS:
         QCOMPARE(viewModel->property("ValidDays").toInt(), stored);
     }
 
-    // The validity set or stepped by an assistive tool takes effect as typing does.
+    // The validity written, set or stepped by an assistive tool takes effect
+    // as typing does, and the box reports what the view model got.
     void validityThroughAccessibility()
     {
         QVERIFY(m_app.open(1, u"CommonNameCtrl"_s));
         auto* viewModel = m_app.page()->property("ViewModel").value<QObject*>();
         QAccessibleInterface* box =
             QAccessible::queryAccessibleInterface(m_app.control("ValidDaysCtrl"));
-        QVERIFY(box && box->valueInterface());
+        QVERIFY(box && box->valueInterface() && box->editableTextInterface() &&
+                box->textInterface());
+        QCOMPARE(box->valueInterface()->minimumValue().toInt(), -36500);
+        QCOMPARE(box->valueInterface()->maximumValue().toInt(), 36500);
+        const auto write = [box](const QString& text) {
+            box->editableTextInterface()->replaceText(0, box->textInterface()->characterCount(),
+                                                      text);
+        };
+        write(u"-2.5"_s);
+        QCOMPARE(box->valueInterface()->currentValue().toInt(), -3);
+        QCOMPARE(box->textInterface()->text(0, box->textInterface()->characterCount()), u"-3"_s);
+        QCOMPARE(viewModel->property("ValidDays").toInt(), -3);
+        write(u"many"_s);
+        QCOMPARE(box->valueInterface()->currentValue().toInt(), -3);
         box->valueInterface()->setCurrentValue(0);
         QCOMPARE(viewModel->property("ValidDays").toInt(), 0);
         QVERIFY(accessibleAction(m_app.control("ValidDaysCtrl"),
                                  QAccessibleActionInterface::decreaseAction()));
         QCOMPARE(m_app.control("ValidDaysCtrl")->property("value").toInt(), -1);
         QCOMPARE(viewModel->property("ValidDays").toInt(), -1);
+    }
+
+    // Both key size lists show their sizes to an assistive tool as their
+    // children, the one in use selected, and take a size chosen through them.
+    void keySizeThroughAccessibility_data()
+    {
+        QTest::addColumn<int>("page");
+        QTest::newRow("self-signed") << 1;
+        QTest::newRow("request") << 2;
+    }
+
+    void keySizeThroughAccessibility()
+    {
+        QFETCH(int, page);
+        QVERIFY(m_app.open(page, u"CommonNameCtrl"_s));
+        auto* viewModel = m_app.page()->property("ViewModel").value<QObject*>();
+        QAccessibleInterface* list =
+            QAccessible::queryAccessibleInterface(m_app.control("KeySizeCtrl"));
+        QVERIFY(list);
+        const auto sizes = [list] {
+            QStringList names;
+            for (int i = 0; i < list->childCount(); ++i) {
+                QAccessibleInterface* option = list->child(i);
+                names << option->text(QAccessible::Name) +
+                             (option->state().selected ? u" (selected)"_s : QString());
+            }
+            return names;
+        };
+        const QString inUse = viewModel->property("KeySize").toString();
+        QCOMPARE(sizes().filter(u" (selected)"_s), QStringList{inUse + u" (selected)"_s});
+        QCOMPARE(sizes().size(), 3);
+#if QT_VERSION >= QT_VERSION_CHECK(6, 5, 0)
+        QVERIFY(list->selectionInterface());
+        const int other = sizes().indexOf(inUse + u" (selected)"_s) == 2 ? 1 : 2;
+        QVERIFY(list->selectionInterface()->select(list->child(other)));
+        QCOMPARE(viewModel->property("KeySize").toString(),
+                 list->child(other)->text(QAccessible::Name));
+        QCOMPARE(list->selectionInterface()->selectedItems(), QList{list->child(other)});
+#endif
     }
 
     // A failure shows OpenSSL's reason in a dialog over the window, also when
