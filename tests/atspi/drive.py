@@ -3,6 +3,7 @@
 user would, with no mouse; the files are named in the toolkit's own dialog or,
 with "portal", in the real desktop portal's GTK chooser. What it checks is in
 the README's Tests section. Usage: drive.py APP-NAME FOLDER [portal]"""
+import datetime
 import hashlib
 import os
 import re
@@ -175,6 +176,17 @@ press("page tab", "Self-Signed Certificate")
 # A server certificate for this machine, so that other TLS stacks can be handed it (scripts/interop).
 write("text", "Common Name", "localhost")
 write("password text", "Pass phrase", "pem-secret")
+# The number and the size as an assistive tool sets them, with no key pressed.
+days = control(app, "spin button", "Valid for, in days")
+days.queryEditableText().setTextContents("1.9")  # rounded down: 1 day
+sizes = control(app, "combo box", "Key size in bits")
+chosen_size = "2048"
+if "Selection" in sizes.get_interfaces():  # the toolkit's bridge has it from Qt 6.5
+    sizes.querySelection().selectChild(1)
+    chosen_size = sizes[1].name
+if days.queryValue().currentValue != 1 or not sizes[[c.name for c in sizes].index(chosen_size)] \
+        .getState().contains(pyatspi.STATE_SELECTED):
+    fail(f"validity {days.queryValue().currentValue}, size {chosen_size}")
 key = save("Generate the certificate and key as PEM files", "a", "a.key")
 crt = os.path.join(FOLDER, "a.crt")
 subject = openssl("x509", "-in", crt, "-noout", "-subject", "-nameopt", "RFC2253")
@@ -182,7 +194,12 @@ if "subject=CN=localhost" not in subject or \
         openssl("pkey", "-in", key, "-passin", "pass:pem-secret", "-noout").strip() or \
         not openssl("pkey", "-in", key, "-passin", "pass:wrong", "-noout").strip():  # encrypted
     fail(f"PEM files: {subject!r}")
-print("certificate:", subject.strip())
+start, end = (datetime.datetime.strptime(line.split("=", 1)[1], "%b %d %H:%M:%S %Y %Z")
+              for line in openssl("x509", "-in", crt, "-noout", "-dates").splitlines())
+bits = re.search(r"\((\d+) bit", openssl("pkey", "-in", key, "-passin", "pass:pem-secret", "-noout", "-text"))
+if end - start != datetime.timedelta(days=1) or not bits or bits[1] != chosen_size:
+    fail(f"validity {end - start}, {bits and bits[1]} bits")
+print("certificate:", subject.strip(), f"{bits[1]} bits, valid {end - start}")
 
 press("radio button", "Use the certificate for digital signing")
 write("password text", "Pass phrase", "bundle-secret")
@@ -210,6 +227,11 @@ press("page tab", "Certificate Signing Request")
 write("text", "Common Name", "req.example")
 write("text", "Organization", "E2E Ltd")
 write("password text", "Pass phrase", "request-secret")
+sizes = control(app, "combo box", "Key size in bits")
+if "Selection" in sizes.get_interfaces():
+    sizes.querySelection().selectChild(0)
+    if not sizes[0].getState().contains(pyatspi.STATE_SELECTED):
+        fail("the request's key size list did not take the choice")
 act(control(app, "text", "Country code"), "setfocus")
 time.sleep(0.3)
 pyatspi.Registry.generateKeyboardEvent(0, "NZ", pyatspi.KEY_STRING)  # last: the press hands it on
