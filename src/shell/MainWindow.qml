@@ -290,7 +290,6 @@ ApplicationWindow {
                     Layout.rightMargin: 8
                     placeholderText: qsTr("Search")
                     Accessible.name: qsTr("Filter the pages")
-                    KeyNavigation.tab: menuColumn.children.length > 1 ? menuColumn.children[1] : null
                 }
 
                 Column {

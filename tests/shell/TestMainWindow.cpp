@@ -117,6 +117,14 @@ private Q_SLOTS:
         m_searchBox->setProperty("text", QString());
         Testing::typeText(m_window, typed);
         QCOMPARE(entriesShown(), shown);
+        // Tab leaves the box for the first entry shown, or the next control
+        // when none is: never a trap.
+        QTest::keyClick(m_window, Qt::Key_Tab);
+        QQuickItem* focus = m_window->activeFocusItem();
+        QVERIFY(focus && focus != m_searchBox && focus->isVisible());
+        if (const qsizetype firstShown = shown.indexOf(true, 1); firstShown > 0) {
+            QCOMPARE(focus, entry(static_cast<int>(firstShown)));
+        }
     }
 
     // A press in the title bar's drag area is not yet a move: the move starts
