@@ -19,6 +19,7 @@
 #include <QMouseEvent>
 #include <QQmlComponent>
 #include <QQmlEngine>
+#include <QQmlProperty>
 #include <QQuickWindow>
 #include <QScreen>
 #include <QStyleHints>
@@ -278,8 +279,11 @@ void MainWindow::OnWindowActivated(bool active)
     if (!brush.isValid()) {
         throw HResultError(HResult::Unexpected, "missing resource");
     }
-    m_titleText->setProperty("color", brush);
-    m_titleDetailText->setProperty("color", brush);
+    // Written as a value, which ends the markup's first colour binding: from
+    // here on only an activation changes the colour, not the theme.
+    for (QObject* text : {m_titleText, m_titleDetailText}) {
+        QQmlProperty::write(text, QStringLiteral("color"), brush);
+    }
 }
 
 void MainWindow::InstallIcons()

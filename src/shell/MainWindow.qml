@@ -58,6 +58,8 @@ ApplicationWindow {
                     objectName: "TitleText"
                     anchors.verticalCenter: parent.verticalCenter
                     text: Helpers.ShortName
+                    // The theme's until the first activation sets it.
+                    color: palette.windowText
                     font.pixelSize: 12
                 }
             }

@@ -8,8 +8,11 @@
 #include "support/Testing.h"
 #include "support/WindowDriver.h"
 
+#include <QGuiApplication>
+#include <QPalette>
 #include <QQuickItem>
 #include <QQuickWindow>
+#include <QScopeGuard>
 #include <QtQml/qqmlextensionplugin.h>
 
 Q_IMPORT_QML_PLUGIN(ZorvanePlugin)
@@ -125,6 +128,32 @@ private Q_SLOTS:
         if (const qsizetype firstShown = shown.indexOf(true, 1); firstShown > 0) {
             QCOMPARE(focus, entry(static_cast<int>(firstShown)));
         }
+    }
+
+    // The title texts take the palette's colours at each activation and
+    // deactivation, and keep them through a change of the colour scheme.
+    void titleBrushesAtActivation()
+    {
+        const QPalette before = QGuiApplication::palette();
+        const auto restore = qScopeGuard([&] { QGuiApplication::setPalette(before); });
+        const auto colours = [this] {
+            return QList<QColor>{named("TitleText")->property("color").value<QColor>(),
+                                 named("ProductRun")->property("color").value<QColor>()};
+        };
+        const auto both = [](const QPalette& palette, QPalette::ColorGroup group) {
+            return QList<QColor>(2, palette.color(group, QPalette::WindowText));
+        };
+        QCOMPARE(colours(), both(before, QPalette::Active));
+        m_app->Window()->OnWindowActivated(false);
+        QCOMPARE(colours(), both(before, QPalette::Disabled));
+        QPalette dark(QColor(0x35, 0x35, 0x35), QColor(0x2B, 0x2B, 0x2B));
+        dark.setColor(QPalette::WindowText, Qt::white);
+        dark.setColor(QPalette::Disabled, QPalette::WindowText, QColor(0x80, 0x80, 0x80));
+        QGuiApplication::setPalette(dark);
+        QTRY_COMPARE(named("NavHeader")->property("color").value<QColor>(), QColor(Qt::white));
+        QCOMPARE(colours(), both(before, QPalette::Disabled));
+        m_app->Window()->OnWindowActivated(true);
+        QCOMPARE(colours(), both(dark, QPalette::Active));
     }
 
     // A press in the title bar's drag area is not yet a move: the move starts
