@@ -29,6 +29,8 @@ private Q_SLOTS:
 
 private:
     void apply(const QVariant& portalValue);
+    // The palette with its secondary text and selection made readable.
+    static QPalette Readable(QPalette palette);
 
     QPalette m_light;
     bool m_dark = false;

@@ -19,9 +19,13 @@
 #include <QGuiApplication>
 #include <QLineEdit>
 #include <QMessageBox>
+#include <QPalette>
 #include <QPushButton>
 #include <QTimer>
 #include <QUrl>
+
+#include <cmath>
+#include <tuple>
 
 // Stands in for the desktop portal's file chooser: keeps what it was asked,
 // and answers on the request's object as the portal does, after the call.
@@ -160,6 +164,60 @@ private Q_SLOTS:
         }
         portal.kill();
         portal.waitForFinished();
+    }
+
+    // Every text of either palette reads at 4.5:1 or more against what it is
+    // drawn on: the window, the navigation pane (the window a shade darker),
+    // a text box, a button, a selection; the version is drawn at 70 %.
+    void readableContrast_data()
+    {
+        QTest::addColumn<QPalette>("palette");
+        const DesktopColorScheme light; // no portal on the suite's bus: light
+        QTest::newRow("light") << QGuiApplication::palette();
+        QTest::newRow("dark") << DesktopColorScheme::DarkPalette();
+    }
+
+    void readableContrast()
+    {
+        QFETCH(QPalette, palette);
+        const auto luminance = [](const QColor& colour) {
+            const auto linear = [](float c) {
+                return c <= 0.04045F ? c / 12.92F : std::pow((c + 0.055F) / 1.055F, 2.4F);
+            };
+            return 0.2126F * linear(colour.redF()) + 0.7152F * linear(colour.greenF()) +
+                   0.0722F * linear(colour.blueF());
+        };
+        const auto over = [](const QColor& text, const QColor& background, float opacity) {
+            const auto mix = [&](float t, float b) {
+                return t * opacity + b * (1 - opacity);
+            };
+            return QColor::fromRgbF(mix(text.redF(), background.redF()),
+                                    mix(text.greenF(), background.greenF()),
+                                    mix(text.blueF(), background.blueF()));
+        };
+        using P = QPalette;
+        const QColor window = palette.color(P::Window);
+        const QList<std::tuple<QString, QColor, QColor>> pairs{
+            {u"text on the window"_s, palette.color(P::WindowText), window},
+            {u"the version on the title bar"_s, over(palette.color(P::WindowText), window, 0.7F),
+             window},
+            {u"descriptions on the window"_s, palette.color(P::PlaceholderText), window},
+            {u"the footer on the pane"_s, palette.color(P::PlaceholderText), window.darker(104)},
+            {u"placeholders in a box"_s, palette.color(P::PlaceholderText), palette.color(P::Base)},
+            {u"text in a box"_s, palette.color(P::Text), palette.color(P::Base)},
+            {u"a button's label"_s, palette.color(P::ButtonText), palette.color(P::Button)},
+            {u"a highlighted button's label"_s, palette.color(P::HighlightedText),
+             palette.color(P::Highlight)},
+        };
+        for (const auto& [what, colour, background] : pairs) {
+            const QColor text = over(colour, background, colour.alphaF()); // as it is drawn
+            const float lighter = std::max(luminance(text), luminance(background));
+            const float darker = std::min(luminance(text), luminance(background));
+            const float ratio = (lighter + 0.05F) / (darker + 0.05F);
+            QVERIFY2(ratio >= 4.5F,
+                     qPrintable(u"%1: %2 on %3, %4:1"_s.arg(what, text.name(), background.name())
+                                    .arg(ratio, 0, 'f', 2)));
+        }
     }
 
     // Where a portal answers, its chooser is asked for the one choice of file
