@@ -99,6 +99,8 @@ OpenSslChecksumsPage {
                                 toggle();
                                 choose();
                             }
+
+                            FocusRing { outset: 0 }
                         }
                     }
                 }
@@ -118,7 +120,6 @@ OpenSslChecksumsPage {
 
                     objectName: "FileButton"
                     text: "Choose File\u2026"
-                    highlighted: true
                     Accessible.name: "Choose the file to check"
                     onClicked: page.SelectFileClick()
                 }

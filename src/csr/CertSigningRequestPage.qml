@@ -66,6 +66,8 @@ CertSigningRequestPage {
                     objectName: "ServerCtrl"
                     text: "For a server"
                     Accessible.name: "Request a certificate for a server"
+
+                    FocusRing {}
                 }
                 RadioButton {
                     id: forDigitalSigningCtrl
@@ -74,6 +76,8 @@ CertSigningRequestPage {
                     text: "For digital signing"
                     Accessible.name: "Request a certificate for digital signing"
                     onCheckedChanged: page.ViewModel.ForDigitalSigning = checked
+
+                    FocusRing {}
                 }
             }
 
@@ -216,7 +220,6 @@ CertSigningRequestPage {
                 PushButton {
                     objectName: "GenerateButton"
                     text: "Generate Request\u2026"
-                    highlighted: true
                     enabled: Helpers.StringToEnabled(commonNameCtrl.text)
                     Accessible.name: "Generate the request and its key"
                     onClicked: page.OnGenerateClick(this)

@@ -18,4 +18,7 @@ Button {
         }
         button.clicked();
     }
+
+
+    FocusRing {}
 }

@@ -59,6 +59,8 @@ SelfSignedCertPage {
                     objectName: "ServerCtrl"
                     text: "For a server"
                     Accessible.name: "Use the certificate for a server"
+
+                    FocusRing {}
                 }
                 RadioButton {
                     id: forDigitalSigningCtrl
@@ -67,6 +69,8 @@ SelfSignedCertPage {
                     text: "For digital signing"
                     Accessible.name: "Use the certificate for digital signing"
                     onCheckedChanged: page.ViewModel.ForDigitalSigning = checked
+
+                    FocusRing {}
                 }
             }
 
@@ -173,7 +177,6 @@ SelfSignedCertPage {
                     objectName: "GeneratePemButton"
                     property string tag: "PEM"
                     text: "Generate PEM Files\u2026"
-                    highlighted: true
                     enabled: Helpers.StringToEnabled(commonNameCtrl.text)
                     Accessible.name: "Generate the certificate and key as PEM files"
                     onClicked: page.OnGenerateClick(this)

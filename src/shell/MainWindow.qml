@@ -14,6 +14,14 @@ ApplicationWindow {
     flags: Qt.Window | Qt.FramelessWindowHint
     color: palette.window
 
+    // Each control takes its style's palette for its kind, made from the
+    // platform's, where its window does not set a colour outright: the
+    // application's readable secondary text and selection are set here, and
+    // follow its changes.
+    SystemPalette { id: applicationPalette }
+    palette.placeholderText: applicationPalette.placeholderText
+    palette.highlight: applicationPalette.highlight
+
     // Below this width the pane folds away and opens over the page on demand.
     readonly property bool wide: width >= 1008
     onWideChanged: navView.IsPaneOpen = wide

@@ -73,6 +73,9 @@ private Q_SLOTS:
         QCOMPARE(m_window->title(), u"Halvertrix Zorvane"_s);
         QCOMPARE(headerText(), u"Self-Signed Certificate"_s);
         QCOMPARE(named("YearRun")->property("text").toString(), u"2025"_s);
+        // The controls draw with the program's readable palette, not the style's own.
+        QCOMPARE(m_searchBox->property("placeholderTextColor").value<QColor>(),
+                 QGuiApplication::palette().color(QPalette::PlaceholderText));
     }
 
     // Each choice of another entry makes a new page; choosing the page shown
