@@ -187,7 +187,20 @@ OpenSslChecksumsPage {
                 }
             }
 
+            // A result goes under its label where a 256-bit digest would not
+            // fit beside it, so that the value takes the whole width there is.
+            TextMetrics {
+                id: digestWidth
+
+                font.family: "monospace"
+                text: "0".repeat(64)
+            }
+
             ScrollArea {
+                id: resultList
+
+                readonly property bool stacked: availableWidth < 150 + digestWidth.advanceWidth + 80
+
                 objectName: "ResultList"
                 Layout.fillWidth: true
                 Layout.fillHeight: true
@@ -209,12 +222,14 @@ OpenSslChecksumsPage {
 
                             objectName: "Row_" + (algo?.ShortName ?? "")
                             width: parent ? parent.width : 0
-                            columns: "150,*,Auto"
+                            rows: resultList.stacked ? "Auto,Auto" : "Auto"
+                            columns: resultList.stacked ? "*,Auto" : "150,*,Auto"
                             visible: Helpers.BooleanToVisibility((algo?.Checked ?? false)) === 0
 
                             TextEdit {
                                 objectName: "Value_" + (resultRow.algo?.ShortName ?? "")
-                                DefinitionGrid.column: 1
+                                DefinitionGrid.row: resultList.stacked ? 1 : 0
+                                DefinitionGrid.column: resultList.stacked ? 0 : 1
                                 text: (resultRow.algo?.Checksum ?? "")
                                 readOnly: true
                                 selectByMouse: true
@@ -228,7 +243,8 @@ OpenSslChecksumsPage {
                             }
                             PushButton {
                                 objectName: "Copy_" + (resultRow.algo?.ShortName ?? "")
-                                DefinitionGrid.column: 2
+                                DefinitionGrid.rowSpan: resultList.stacked ? 2 : 1
+                                DefinitionGrid.column: resultList.stacked ? 1 : 2
                                 flat: true
                                 text: "Copy"
                                 visible: Helpers.StringToVisibility((resultRow.algo?.Checksum ?? "")) === 0
