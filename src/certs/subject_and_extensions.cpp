@@ -7,6 +7,7 @@
 
 #include <arpa/inet.h>
 #include <array>
+#include <cstdint>
 #include <netinet/in.h>
 
 namespace Zorvane {

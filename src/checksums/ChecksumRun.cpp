@@ -6,6 +6,7 @@
 
 #include <QPointer>
 
+#include <cstdint>
 #include <optional>
 #include <vector>
 

@@ -8,6 +8,7 @@
 
 #include <openssl/crypto.h>
 
+#include <cstdint>
 #include <cstdio>
 #include <exception>
 #include <stdexcept>

@@ -5,8 +5,6 @@
 #include <QOpenGLContext>
 #include <QQuickWindow>
 #include <QSGRendererInterface>
-#include <QtGui/private/qguiapplication_p.h>
-#include <qpa/qplatformintegration.h>
 
 #if defined(__GLIBC__)
 #include <malloc.h>
@@ -21,9 +19,9 @@ StartupWarmUp::StartupWarmUp()
     if (QGuiApplication::platformName() != u"xcb" ||
         QQuickWindow::graphicsApi() != QSGRendererInterface::OpenGL ||
         // Asked here, on the GUI thread, the platform sets up its OpenGL
-        // integration now (1 ms, no driver yet), not from two threads at once.
-        !QGuiApplicationPrivate::platformIntegration()->hasCapability(
-            QPlatformIntegration::OpenGL)) {
+        // integration now (1 ms, no driver yet), not from two threads at once;
+        // and a context is made off this thread only where the platform allows.
+        !QOpenGLContext::supportsThreadedOpenGL()) {
         return;
     }
     m_thread = std::thread([] {

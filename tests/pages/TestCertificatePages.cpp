@@ -133,16 +133,18 @@ private Q_SLOTS:
         QTest::addColumn<int>("entry");
         QTest::addColumn<QString>("box");
         QTest::addColumn<QString>("typed");
-        QTest::addColumn<QString>("written"); ///< in the openssl command's words, | between parts
+        QTest::addColumn<QStringList>("written"); ///< subject entries and alternative names
         QTest::newRow("self-signed name")
-            << 1 << u"CommonNameCtrl"_s << u"typed.example"_s << u"CN = typed.example"_s;
+            << 1 << u"CommonNameCtrl"_s << u"typed.example"_s << QStringList{u"CN=typed.example"_s};
         QTest::newRow("request name")
-            << 2 << u"CommonNameCtrl"_s << u"typed.example"_s << u"CN = typed.example"_s;
+            << 2 << u"CommonNameCtrl"_s << u"typed.example"_s << QStringList{u"CN=typed.example"_s};
         // Typed line ends become carriage returns, which separate the names.
-        QTest::newRow("alternative names") << 2 << u"AltNamesCtrl"_s << u"alt.example\n10.0.0.1"_s
-                                           << u"DNS:alt.example|IP Address:10.0.0.1"_s;
-        QTest::newRow("organization") << 2 << u"OrganizationCtrl"_s << u"Typed"_s << u"O = Typed"_s;
-        QTest::newRow("country") << 2 << u"CountryCodeCtrl"_s << u"NL"_s << u"C = NL"_s;
+        QTest::newRow("alternative names")
+            << 2 << u"AltNamesCtrl"_s << u"alt.example\n10.0.0.1"_s
+            << QStringList{u"DNS:alt.example"_s, u"IP Address:10.0.0.1"_s};
+        QTest::newRow("organization")
+            << 2 << u"OrganizationCtrl"_s << u"Typed"_s << QStringList{u"O=Typed"_s};
+        QTest::newRow("country") << 2 << u"CountryCodeCtrl"_s << u"NL"_s << QStringList{u"C=NL"_s};
     }
 
     void generationRuns()
@@ -150,7 +152,7 @@ private Q_SLOTS:
         QFETCH(int, entry);
         QFETCH(QString, box);
         QFETCH(QString, typed);
-        QFETCH(QString, written);
+        QFETCH(QStringList, written);
         QVERIFY(m_app.open(entry, u"CommonNameCtrl"_s));
         m_app.type(m_app.control("PassphraseCtrl"), u"pw"_s);
         if (entry == 2) { // 2048 chosen: a request's key is 4096 bits all the same
@@ -178,13 +180,26 @@ private Q_SLOTS:
                  (QList<QByteArray>{m_app.path(main), m_app.path(stem + u".key"_s)}));
         const QString key = m_app.dir.filePath(stem + u".key"_s);
         QVERIFY(readPrivateKey(key, "pw") && !readPrivateKey(key, "not pw")); // encrypted
-        const QString text = runOpenSsl({entry == 1 ? u"x509"_s : u"req"_s, u"-in"_s,
-                                         m_app.dir.filePath(main), u"-noout"_s, u"-text"_s})
-                                 .output;
-        const QString bits = entry == 1 ? u"(2048 bit)"_s : u"(4096 bit)"_s;
-        for (const QString& part : QString(written + u'|' + bits).split(u'|')) {
-            QVERIFY2(text.contains(part), qPrintable(text));
+        // Read back with OpenSSL's parsers, whose answers no release reformats.
+        QStringList names;
+        int bits = 0;
+        if (entry == 1) {
+            const X509Ptr certificate = readCertificate(m_app.dir.filePath(main));
+            QVERIFY(certificate);
+            names = nameEntries(X509_get_subject_name(certificate.get())) +
+                    alternativeNames(certificateExtensions(certificate.get()));
+            bits = EVP_PKEY_get_bits(X509_get0_pubkey(certificate.get()));
+        } else {
+            const X509ReqPtr request = readRequest(m_app.dir.filePath(main));
+            QVERIFY(request);
+            names = nameEntries(X509_REQ_get_subject_name(request.get())) +
+                    alternativeNames(requestExtensions(request.get()));
+            bits = EVP_PKEY_get_bits(X509_REQ_get0_pubkey(request.get()));
         }
+        for (const QString& name : written) {
+            QVERIFY2(names.contains(name), qPrintable(names.join(u"; "_s)));
+        }
+        QCOMPARE(bits, entry == 1 ? 2048 : 4096);
     }
 
     // While the chooser is open the window takes no input, as the owner of a
@@ -382,7 +397,10 @@ private Q_SLOTS:
         QTRY_VERIFY(dialog->property("opened").toBool());
         QAccessibleInterface* announced = QAccessible::queryAccessibleInterface(
             dialog->property("contentItem").value<QQuickItem*>()->parentItem());
-        QCOMPARE(announced->role(), QAccessible::Dialog);
+        // A dialog to Qt 6.4, an alert from Qt 6.8 on: both tell it at once.
+        QVERIFY2(announced->role() == QAccessible::Dialog ||
+                     announced->role() == QAccessible::AlertMessage,
+                 qPrintable(QString::number(announced->role())));
         QCOMPARE(announced->text(QAccessible::Name),
                  u"Failure Generating Certificate Signing Request"_s);
         const QString text = announced->text(QAccessible::Description);

@@ -343,7 +343,7 @@ private Q_SLOTS:
     {
         QTemporaryDir dir;
         const QString path = dir.filePath(u"picked.txt"_s);
-        QFile(path).open(QIODevice::WriteOnly);
+        QVERIFY(QFile(path).open(QIODevice::WriteOnly));
         std::optional<QByteArray> answer;
         bool answered = false;
         FilePickRequest request;

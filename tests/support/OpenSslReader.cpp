@@ -114,6 +114,19 @@ QStringList requestExtensions(const X509_REQ* request)
     return result;
 }
 
+QStringList alternativeNames(const QStringList& extensions)
+{
+    const QString prefix =
+        QString::fromLatin1(OBJ_nid2ln(NID_subject_alt_name)) + QStringLiteral(": ");
+    QStringList names;
+    for (const QString& extension : extensions) {
+        if (extension.startsWith(prefix)) {
+            names += extension.mid(prefix.size()).split(QStringLiteral(", "));
+        }
+    }
+    return names;
+}
+
 qint64 validitySeconds(const X509* certificate)
 {
     int days = 0;

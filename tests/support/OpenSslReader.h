@@ -28,6 +28,9 @@ QStringList nameEntries(const X509_NAME* name);
 // "subjectAltName: DNS:host", "keyUsage critical: Digital Signature", ...
 QStringList certificateExtensions(const X509* certificate);
 QStringList requestExtensions(const X509_REQ* request);
+// "DNS:host", "IP Address:10.0.0.1", ... of the subject alternative names
+// among extensions as the two above describe them.
+QStringList alternativeNames(const QStringList& extensions);
 
 // Seconds from not-before to not-after.
 qint64 validitySeconds(const X509* certificate);
