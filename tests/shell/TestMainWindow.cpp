@@ -1,4 +1,5 @@
 #include "platform/ApplicationData.h"
+#include "platform/DesktopColorScheme.h"
 #include "shell/App.h"
 #include "shell/MainWindow.h"
 #include "shell/NavigationView.h"
@@ -149,11 +150,10 @@ private Q_SLOTS:
         QCOMPARE(colours(), both(before, QPalette::Active));
         m_app->Window()->OnWindowActivated(false);
         QCOMPARE(colours(), both(before, QPalette::Disabled));
-        QPalette dark(QColor(0x35, 0x35, 0x35), QColor(0x2B, 0x2B, 0x2B));
-        dark.setColor(QPalette::WindowText, Qt::white);
-        dark.setColor(QPalette::Disabled, QPalette::WindowText, QColor(0x80, 0x80, 0x80));
+        const QPalette dark = DesktopColorScheme::DarkPalette();
         QGuiApplication::setPalette(dark);
-        QTRY_COMPARE(named("NavHeader")->property("color").value<QColor>(), QColor(Qt::white));
+        QTRY_COMPARE(named("NavHeader")->property("color").value<QColor>(),
+                     dark.color(QPalette::WindowText));
         QCOMPARE(colours(), both(before, QPalette::Disabled));
         m_app->Window()->OnWindowActivated(true);
         QCOMPARE(colours(), both(dark, QPalette::Active));
