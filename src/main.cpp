@@ -1,3 +1,4 @@
+#include "platform/Apartment.h"
 #include "shell/App.h"
 
 #include <QApplication>
@@ -14,6 +15,7 @@ int main(int argc, char* argv[])
     static_cast<void>(argc);
     int qtArgc = 1;
     char* qtArgv[] = {argv[0], nullptr};
+    Zorvane::EnterSingleThreadedApartment();
     Zorvane::App::PrepareProcess();
     QApplication application(qtArgc, qtArgv);
     QQuickStyle::setStyle(QStringLiteral("Fusion"));

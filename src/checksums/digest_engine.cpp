@@ -4,12 +4,6 @@
 #include <openssl/params.h>
 
 #include <algorithm>
-#include <cerrno>
-#include <fcntl.h>
-#include <memory>
-#include <sys/stat.h>
-#include <system_error>
-#include <unistd.h>
 
 namespace Zorvane {
 
@@ -29,41 +23,6 @@ void collect_digest(EVP_MD* digest, void* list)
 bool is_xof(const EVP_MD* digest)
 {
     return digest != nullptr && (EVP_MD_get_flags(digest) & EVP_MD_FLAG_XOF) != 0;
-}
-
-[[noreturn]] void raise_errno(const char* what)
-{
-    throw std::system_error(errno, std::generic_category(), what);
-}
-
-// A pipe or a device never ends (or never starts): it is a file that cannot
-// be read.
-void require_regular(const struct stat& info)
-{
-    if (!S_ISREG(info.st_mode)) {
-        throw std::system_error(S_ISDIR(info.st_mode) ? EISDIR : EINVAL, std::generic_category(),
-                                "not a regular file");
-    }
-}
-
-// Fills the buffer up to its size, or less at the end of the file; 0 at the end.
-std::size_t load(int fd, unsigned char* buffer, std::size_t size)
-{
-    std::size_t loaded = 0;
-    while (loaded < size) {
-        const ssize_t count = ::read(fd, buffer + loaded, size - loaded);
-        if (count == 0) {
-            break;
-        }
-        if (count < 0) {
-            if (errno == EINTR) {
-                continue;
-            }
-            raise_errno("read");
-        }
-        loaded += static_cast<std::size_t>(count);
-    }
-    return loaded;
 }
 
 } // namespace
@@ -145,56 +104,6 @@ std::vector<std::optional<std::string>> OnePassDigester::finish()
         results.push_back(upper_hex(buffer, std::min<std::size_t>(length, sizeof(buffer))));
     }
     return results;
-}
-
-std::int64_t file_size(const std::string& path)
-{
-    struct stat info = {};
-    if (::stat(path.c_str(), &info) != 0) {
-        raise_errno("stat");
-    }
-    require_regular(info);
-    return static_cast<std::int64_t>(info.st_size);
-}
-
-ChunkedFileReader::ChunkedFileReader(const std::string& path)
-    // Without blocking: what was a file a moment ago may be a pipe by now.
-    : m_fd(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY))
-{
-    if (m_fd < 0) {
-        raise_errno("open");
-    }
-    struct stat info = {};
-    if (::fstat(m_fd, &info) != 0) {
-        const int error = errno;
-        ::close(m_fd);
-        throw std::system_error(error, std::generic_category(), "fstat");
-    }
-    if (!S_ISREG(info.st_mode)) {
-        ::close(m_fd);
-        require_regular(info);
-    }
-#ifdef POSIX_FADV_SEQUENTIAL
-    // Ask the kernel to read ahead while the digests work on the last chunk.
-    ::posix_fadvise(m_fd, 0, 0, POSIX_FADV_SEQUENTIAL);
-#endif
-}
-
-ChunkedFileReader::~ChunkedFileReader()
-{
-    ::close(m_fd);
-}
-
-void ChunkedFileReader::feed(OnePassDigester& digester)
-{
-    const auto buffer = std::make_unique_for_overwrite<unsigned char[]>(ChecksumReadSize);
-    for (;;) {
-        const std::size_t count = load(m_fd, buffer.get(), ChecksumReadSize);
-        if (count == 0) {
-            break;
-        }
-        digester.update(buffer.get(), count);
-    }
 }
 
 } // namespace Zorvane

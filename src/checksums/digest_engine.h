@@ -79,7 +79,7 @@ public:
     void feed(OnePassDigester& digester);
 
 private:
-    int m_fd;
+    std::intptr_t m_file; ///< a descriptor, or the system's handle on Windows
 };
 
 } // namespace Zorvane

@@ -5,6 +5,7 @@
 #include "platform/Controls.h"
 #include "platform/Focus.h"
 #include "platform/GenerationFlow.h"
+#include "platform/NarrowText.h"
 
 #include <QQuickWindow>
 
@@ -42,14 +43,14 @@ RequestSettings CopyRequestSettings(const CertSigningRequestViewModel& viewModel
     RequestSettings settings;
     settings.forDigitalSigning = viewModel.ForDigitalSigning();
     settings.commonNameWide = viewModel.CommonName().toStdU16String();
-    settings.commonName = viewModel.CommonName().toStdString();
-    settings.altNames = viewModel.AltNames().toStdString();
-    settings.organization = viewModel.Organization().toStdString();
-    settings.organizationalUnit = viewModel.OrganizationalUnit().toStdString();
-    settings.location = viewModel.Location().toStdString();
-    settings.state = viewModel.State().toStdString();
-    settings.countryCode = viewModel.CountryCode().toStdString();
-    settings.passphrase = viewModel.Passphrase().toStdString();
+    settings.commonName = NarrowUtf8(viewModel.CommonName());
+    settings.altNames = NarrowUtf8(viewModel.AltNames());
+    settings.organization = NarrowUtf8(viewModel.Organization());
+    settings.organizationalUnit = NarrowUtf8(viewModel.OrganizationalUnit());
+    settings.location = NarrowUtf8(viewModel.Location());
+    settings.state = NarrowUtf8(viewModel.State());
+    settings.countryCode = NarrowUtf8(viewModel.CountryCode());
+    settings.passphrase = NarrowUtf8(viewModel.Passphrase());
     return settings;
 }
 

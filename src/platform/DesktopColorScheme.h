@@ -3,32 +3,31 @@
 #include <QObject>
 #include <QPalette>
 
-class QDBusVariant;
-
 namespace Zorvane {
 
-// The desktop's light or dark preference, from the XDG desktop portal's
-// settings ("org.freedesktop.appearance", "color-scheme"): read once at start
-// and followed while the program runs. The application's palette follows it;
-// without a portal (or with no preference) the window stays light.
+// The desktop's light or dark preference, read once at start and followed
+// while the program runs: the XDG desktop portal's "color-scheme" on Linux,
+// the system's setting for programs on Windows. The application's palette
+// follows it; without an answer the window stays light.
 class DesktopColorScheme : public QObject
 {
     Q_OBJECT
 
 public:
-    // Starts the read; the answer, if any, comes from the event loop.
+    // Starts the read; an answer may come from the event loop.
     explicit DesktopColorScheme(QObject* parent = nullptr);
 
     bool IsDark() const { return m_dark; }
 
+    // Takes a preference: the palette changes with it.
+    void Apply(bool dark);
+
     // The palettes the two preferences give.
     static QPalette DarkPalette();
 
-private Q_SLOTS:
-    void onSettingChanged(const QString& group, const QString& key, const QDBusVariant& value);
-
 private:
-    void apply(const QVariant& portalValue);
+    // Starts following the platform's preference (one implementation per platform).
+    void FollowPlatform();
     // The palette with its secondary text and selection made readable.
     static QPalette Readable(QPalette palette);
 

@@ -1,6 +1,8 @@
 #include "platform/FilePicker.h"
 
 #include "certs/output_paths.h"
+#include "platform/FileSystem.h"
+#include "platform/NarrowText.h"
 #include "platform/PortalFileChooser.h"
 
 #include <QCoreApplication>
@@ -14,7 +16,6 @@
 #include <QWindow>
 
 #include <memory>
-#include <sys/stat.h>
 
 namespace Zorvane {
 
@@ -34,8 +35,10 @@ void showDialog(QWindow* owner, const FilePickRequest& request, FilePickDone don
     // settings file in the user's configuration. The picker keeps nothing, so
     // that file is pointed where nothing can be written or read.
     static const bool keepsNothing = [] {
+        // Files, not the Windows registry, so that the path below holds.
+        QSettings::setDefaultFormat(QSettings::IniFormat);
         for (const auto format : {QSettings::NativeFormat, QSettings::IniFormat}) {
-            QSettings::setPath(format, QSettings::UserScope, QStringLiteral("/dev/null"));
+            QSettings::setPath(format, QSettings::UserScope, UnwritableFolder());
         }
         return true;
     }();
@@ -73,7 +76,10 @@ void showDialog(QWindow* owner, const FilePickRequest& request, FilePickDone don
         }
     };
     QObject::connect(dialog, &QFileDialog::fileSelected, dialog, [finish](const QString& path) {
-        finish(path.isEmpty() ? std::nullopt : std::optional(QFile::encodeName(path)));
+        // The path as the file system takes it: UTF-8, converted as the
+        // platform converts its text.
+        finish(path.isEmpty() ? std::nullopt
+                              : std::optional(QByteArray::fromStdString(NarrowUtf8(path))));
     });
     QObject::connect(dialog, &QObject::destroyed, [finish] { finish(std::nullopt); });
     dialog->open();
@@ -110,12 +116,6 @@ private:
     QPointer<QQuickItem> m_content;
     QPointer<QQuickItem> m_focus;
 };
-
-bool exists(const QByteArray& path, bool followLink)
-{
-    struct stat info = {};
-    return (followLink ? ::stat(path.constData(), &info) : ::lstat(path.constData(), &info)) == 0;
-}
 
 // The toolkit's own overwrite question, modal to the window; a "no" is a cancel.
 void askToReplace(QWindow* owner, const QByteArray& path, std::function<void(bool)> answer)
@@ -168,7 +168,7 @@ void pickChecked(QPointer<QWindow> owner, FilePickRequest request, FilePickDone 
         if (!path) {
             done(std::nullopt);
         } else if (request.mode == FilePickRequest::Mode::Open) {
-            if (exists(*path, true)) {
+            if (PathExists(*path, true)) {
                 done(std::move(path));
             } else {
                 pickChecked(owner, request, done);
@@ -177,7 +177,7 @@ void pickChecked(QPointer<QWindow> owner, FilePickRequest request, FilePickDone 
             const std::string extension = request.defaultExtension.toStdString();
             const std::string completed = with_default_extension(path->toStdString(), extension);
             if (completed == path->toStdString() ||
-                !exists(QByteArray::fromStdString(completed), false)) {
+                !PathExists(QByteArray::fromStdString(completed), false)) {
                 done(std::move(path));
             } else {
                 askToReplace(owner, QByteArray::fromStdString(completed),

@@ -3,8 +3,6 @@
 #include <fmt/format.h>
 
 #include <cerrno>
-#include <cstdio>
-#include <cstdlib>
 #include <exception>
 #include <new>
 #include <system_error>
@@ -64,19 +62,14 @@ std::uint32_t code_of_current_exception() noexcept
     } catch (const HResultError& error) {
         return error.code();
     } catch (const std::system_error& error) {
-        return hresult_from_errno(error.code().value());
+        return error.code().category() == std::generic_category()
+                   ? hresult_from_errno(error.code().value())
+                   : hresult_from_system_code(error.code().value());
     } catch (const std::bad_alloc&) {
         return HResult::OutOfMemory;
     } catch (...) {
         return HResult::Unexpected;
     }
-}
-
-void fail_fast(std::uint32_t code, const char* what) noexcept
-{
-    std::fprintf(stderr, "Zorvane: fail-fast 0x%08X: %s\n", code, what != nullptr ? what : "");
-    std::fflush(stderr);
-    std::abort();
 }
 
 } // namespace Zorvane

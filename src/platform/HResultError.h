@@ -34,8 +34,12 @@ private:
 // condition; an errno with no counterpart is a plain failure (0x80004005).
 std::uint32_t hresult_from_errno(int error) noexcept;
 
+// The result code of the system's own error number (std::system_category):
+// an errno on POSIX, the system's error code folded into a result on Windows.
+std::uint32_t hresult_from_system_code(int code) noexcept;
+
 // The code that stands for an exception in flight: its own for an HResultError,
-// hresult_from_errno of a system error, out-of-memory for bad_alloc,
+// hresult_from_errno or hresult_from_system_code of a system error, out-of-memory for bad_alloc,
 // "unexpected" for anything else.
 std::uint32_t code_of_current_exception() noexcept;
 

@@ -8,7 +8,7 @@
 
 namespace Zorvane::Package {
 
-QString Current()
+QString FamilyFromManifest()
 {
     QFile manifest(QDir(QCoreApplication::applicationDirPath()).filePath(ManifestRelativePath));
     if (!manifest.open(QIODevice::ReadOnly)) {

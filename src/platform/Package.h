@@ -8,11 +8,16 @@ namespace Zorvane::Package {
 inline const QString FamilyName = QStringLiteral("Halvertrix.Zorvane_m4kq8wzr2p7ny");
 
 // Where an installed program finds the manifest that gives it its identity,
-// relative to the folder of the executable.
-inline const QString ManifestRelativePath = QStringLiteral("../share/zorvane/package-identity");
+// relative to the folder of the executable: the package's data folder on
+// Linux, beside the program where the Windows installer put it.
+extern const QString ManifestRelativePath;
 
-// The family name from the installed manifest. Raises HResultError with
-// HResult::NoPackage when there is none: a run from the build tree has no
+// The family name from the installed identity manifest; raises HResultError
+// with HResult::NoPackage when there is none.
+QString FamilyFromManifest();
+
+// The family name of the package the process runs from. Raises HResultError
+// with HResult::NoPackage when there is none: a run from the build tree has no
 // identity and so stores nothing.
 QString Current();
 

@@ -1,9 +1,9 @@
 #include "presentation/Helpers.h"
 
+#include "platform/LocaleNames.h"
 #include "platform/ProductIdentity.h"
 
 #include <QJSEngine>
-#include <QLocale>
 
 #include <fmt/format.h>
 #include <fmt/xchar.h>
@@ -21,20 +21,9 @@ bool isNull(const QVariant& state)
     return !state.isValid() || state.isNull();
 }
 
-// "ll-CC" from a locale, or the bare name where it has no country (the C locale).
-QString hyphenatedName(const QLocale& locale)
-{
-    const QString language = QLocale::languageToCode(locale.language());
-    const QString country = QLocale::territoryToCode(locale.territory());
-    if (locale.language() == QLocale::C || country.isEmpty()) {
-        return language;
-    }
-    return language + QLatin1Char('-') + country;
-}
-
 // Computed once, before main, and read only afterwards.
-const QString systemRegion = QLocale::territoryToCode(QLocale::system().territory());
-const QString systemLocaleName = hyphenatedName(QLocale::system());
+const QString systemRegion = LocaleNames::SystemRegion();
+const QString systemLocaleName = LocaleNames::SystemLocaleName();
 // The runtime's own spelling of a hyphenated name: "en-GB" is "en_GB.UTF-8".
 std::locale runtimeLocale(const QString& name)
 {
@@ -59,12 +48,12 @@ std::locale runtimeLocale(const QString& name)
 // would fail: the C locale, which the runtime always has, stands in.
 QString userLocale()
 {
-    const QString name = hyphenatedName(QLocale::system());
+    const QString name = LocaleNames::UserLocaleName();
     try {
         static_cast<void>(runtimeLocale(name));
         return name;
     } catch (const std::runtime_error&) {
-        return hyphenatedName(QLocale::c());
+        return QStringLiteral("C");
     }
 }
 

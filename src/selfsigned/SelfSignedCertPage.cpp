@@ -6,6 +6,7 @@
 #include "platform/Focus.h"
 #include "platform/GenerationFlow.h"
 #include "platform/HResultError.h"
+#include "platform/NarrowText.h"
 
 #include <QQuickWindow>
 
@@ -43,10 +44,10 @@ FireAndForget SelfSignedCertPage::GenerateAsync(QObject* sender)
     // Copies first: what the user changes from here on has no effect on this run.
     auto settings = std::make_shared<SelfSignedSettings>();
     settings->forDigitalSigning = m_viewModel->ForDigitalSigning();
-    settings->commonName = m_viewModel->CommonName().toStdString();
+    settings->commonName = NarrowUtf8(m_viewModel->CommonName());
     settings->validDays = m_viewModel->ValidDays();
     settings->keySize = m_viewModel->KeySize();
-    settings->passphrase = m_viewModel->Passphrase().toStdString();
+    settings->passphrase = NarrowUtf8(m_viewModel->Passphrase());
 
     const QVariant tag = sender != nullptr ? sender->property("tag") : QVariant();
     if (tag.typeId() != QMetaType::QString) {

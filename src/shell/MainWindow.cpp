@@ -6,6 +6,8 @@
 #include "platform/HResultError.h"
 #include "platform/Package.h"
 #include "platform/ProductIdentity.h"
+#include "platform/TextSearch.h"
+#include "platform/WindowChrome.h"
 #include "presentation/DefinitionGrid.h"
 #include "shell/App.h"
 #include "shell/NavigationView.h"
@@ -15,7 +17,6 @@
 
 #include <QEvent>
 #include <QGuiApplication>
-#include <QIcon>
 #include <QMouseEvent>
 #include <QQmlComponent>
 #include <QQmlEngine>
@@ -76,7 +77,7 @@ QStringList SplitSearchText(const QString& text)
 bool MatchesAnyToken(const QStringList& tokens, const QString& label)
 {
     for (const QString& token : tokens) {
-        if (!token.isEmpty() && label.contains(token, Qt::CaseInsensitive)) {
+        if (ContainsIgnoringCase(label, token)) {
             return true;
         }
     }
@@ -234,7 +235,7 @@ bool MainWindow::handleTitleBarMouse(QEvent* event)
 
 int MainWindow::Dpi() const
 {
-    return static_cast<int>(96 * m_window->devicePixelRatio());
+    return WindowChrome::DpiForWindow(m_window.get());
 }
 
 int MainWindow::RightInset() const
@@ -288,21 +289,15 @@ void MainWindow::OnWindowActivated(bool active)
 
 void MainWindow::InstallIcons()
 {
-    // One artwork, rendered for the small and the big system sizes at this DPI.
-    const QIcon artwork(QStringLiteral(":/Zorvane/shell/icons/zorvane.svg"));
-    const double ratio = m_window->devicePixelRatio();
-    QIcon icon;
-    for (const int size : {16, 32}) {
-        icon.addPixmap(artwork.pixmap(QSize(size, size), ratio));
-    }
-    m_window->setIcon(icon);
+    WindowChrome::InstallIcons(m_window.get());
 }
 
 void MainWindow::TrySetMicaBackdrop()
 {
-    // No system backdrop material is supported for Qt windows here, so this
-    // stops at its first step: the window keeps its plain background and
-    // teardown has no controller to close.
+    // Where the system has no backdrop the window keeps its plain background.
+    // Where it has one, the system owns the material: no controller is kept,
+    // and teardown has nothing to close.
+    static_cast<void>(WindowChrome::TrySetSystemBackdrop(m_window.get()));
 }
 
 void MainWindow::trackNormalGeometry()
@@ -340,8 +335,8 @@ void MainWindow::SaveWindowPlacement()
 void MainWindow::TeardownOnClosed()
 {
     SaveWindowPlacement();
-    // No backdrop controller or dispatcher queue exists on this platform, so
-    // there is nothing further to close.
+    // No backdrop controller or dispatcher queue is kept (the system owns the
+    // backdrop where there is one), so there is nothing further to close.
 }
 
 MainWindow::~MainWindow() = default;

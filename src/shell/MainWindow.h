@@ -55,7 +55,7 @@ public:
     FireAndForget LoadSettingsAsync();
     // Saves the placement, when the process has a package identity.
     void SaveWindowPlacement();
-    // At close: the placement first, then the backdrop (which this platform lacks).
+    // At close: the placement first, then the backdrop (the system's, where it has one).
     void TeardownOnClosed();
 
     // Recomputes the title bar's insets and the rectangles that drag the window.

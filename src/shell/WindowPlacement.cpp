@@ -20,15 +20,17 @@ const QString MinPositionKey = QStringLiteral("ptMinPosition");
 const QString MaxPositionKey = QStringLiteral("ptMaxPosition");
 const QString NormalPositionKey = QStringLiteral("rcNormalPosition");
 
-// Truncated toward zero and held to the range of int: a stored value can be
-// anything, NaN and 1e30 included.
-int truncated(double value)
+} // namespace
+
+int TruncatedToInt(double value)
 {
     if (std::isnan(value)) {
         return 0;
     }
     return static_cast<int>(std::clamp(std::trunc(value), double(INT_MIN), double(INT_MAX)));
 }
+
+namespace {
 
 // Of the title bar, what must stay on a screen for the window to be dragged back.
 constexpr int TitleBarHeight = 32;
@@ -48,7 +50,8 @@ QPointF toPoint(const WindowPlacement::Point& point)
 WindowPlacement::Point fromPoint(const QPointF& point)
 {
     // Stored as 32-bit floats, read back by truncation.
-    return {truncated(static_cast<float>(point.x())), truncated(static_cast<float>(point.y()))};
+    return {TruncatedToInt(static_cast<float>(point.x())),
+            TruncatedToInt(static_cast<float>(point.y()))};
 }
 
 // Width and height are the integer differences, taken before the conversion to float.
@@ -63,74 +66,14 @@ WindowPlacement::Rect fromRect(const QRectF& rect)
 {
     const float x = static_cast<float>(rect.x());
     const float y = static_cast<float>(rect.y());
-    const int left = truncated(x);
-    const int top = truncated(y);
+    const int left = TruncatedToInt(x);
+    const int top = TruncatedToInt(y);
     const float right = static_cast<float>(left) + static_cast<float>(rect.width());
     const float bottom = static_cast<float>(top) + static_cast<float>(rect.height());
-    return {left, top, truncated(right), truncated(bottom)};
-}
-
-std::uint32_t showCommandOf(const QWindow& window)
-{
-    if (window.windowStates().testFlag(Qt::WindowMinimized)) {
-        return ShowCommand::ShowMinimized;
-    }
-    if (window.windowStates().testFlag(Qt::WindowMaximized)) {
-        return ShowCommand::ShowMaximized;
-    }
-    return ShowCommand::ShowNormal;
+    return {left, top, TruncatedToInt(right), TruncatedToInt(bottom)};
 }
 
 } // namespace
-
-bool GetWindowPlacement(const QWindow* window, const QRect& normalGeometry,
-                        WindowPlacement& placement)
-{
-    if (window == nullptr) {
-        return false;
-    }
-    const double ratio = window->devicePixelRatio();
-    placement.showCmd = showCommandOf(*window);
-    // Qt places no minimised or maximised icon of its own: the system decides.
-    placement.ptMinPosition = {-1, -1};
-    placement.ptMaxPosition = {-1, -1};
-    placement.rcNormalPosition = {
-        truncated(normalGeometry.left() * ratio), truncated(normalGeometry.top() * ratio),
-        truncated((normalGeometry.left() + normalGeometry.width()) * ratio),
-        truncated((normalGeometry.top() + normalGeometry.height()) * ratio)};
-    return true;
-}
-
-std::optional<QRect> SetWindowPlacement(QWindow* window, const WindowPlacement& placement)
-{
-    if (window == nullptr) {
-        return std::nullopt;
-    }
-    QList<QRect> screens;
-    for (const QScreen* screen : QGuiApplication::screens()) {
-        screens << screen->availableGeometry();
-    }
-    const QRect normal =
-        FittedGeometry(placement.rcNormalPosition, window->devicePixelRatio(), screens);
-    window->setGeometry(normal);
-    switch (placement.showCmd) {
-    case ShowCommand::Hide:
-        window->hide();
-        break;
-    case ShowCommand::ShowMaximized:
-        window->showMaximized();
-        break;
-    case ShowCommand::ShowMinimized:
-    case ShowCommand::Minimize:
-    case ShowCommand::ShowMinNoActive:
-        window->showMinimized();
-        break;
-    default:
-        window->showNormal();
-        break;
-    }
-    return normal;
-}
 
 QRect FittedGeometry(const WindowPlacement::Rect& rect, double ratio, const QList<QRect>& screens)
 {
@@ -142,10 +85,10 @@ QRect FittedGeometry(const WindowPlacement::Rect& rect, double ratio, const QLis
     if (screens.isEmpty()) {
         // Nothing to fit to: only a size and a position that Qt can hold.
         constexpr double Limit = 0x4000;
-        return {truncated(std::clamp(left, -Limit, Limit)),
-                truncated(std::clamp(top, -Limit, Limit)),
-                truncated(std::clamp(width, double(MinimumUsableSize.width()), Limit)),
-                truncated(std::clamp(height, double(MinimumUsableSize.height()), Limit))};
+        return {TruncatedToInt(std::clamp(left, -Limit, Limit)),
+                TruncatedToInt(std::clamp(top, -Limit, Limit)),
+                TruncatedToInt(std::clamp(width, double(MinimumUsableSize.width()), Limit)),
+                TruncatedToInt(std::clamp(height, double(MinimumUsableSize.height()), Limit))};
     }
 
     // The screen that shows most of the window, or else the nearest one.
@@ -173,7 +116,8 @@ QRect FittedGeometry(const WindowPlacement::Rect& rect, double ratio, const QLis
         left = std::clamp(left, double(screen.x()), double(screen.x() + screen.width()) - width);
         top = std::clamp(top, double(screen.y()), double(screen.y() + screen.height()) - height);
     }
-    return {truncated(left), truncated(top), truncated(width), truncated(height)};
+    return {TruncatedToInt(left), TruncatedToInt(top), TruncatedToInt(width),
+            TruncatedToInt(height)};
 }
 
 void WritePlacement(SettingsValues& values, const QWindow* window, const QRect& normalGeometry)

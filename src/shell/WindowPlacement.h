@@ -47,6 +47,10 @@ struct WindowPlacement
     } rcNormalPosition;
 };
 
+// Truncated toward zero and held to the range of int: a stored value can be
+// anything, NaN and 1e30 included.
+int TruncatedToInt(double value);
+
 // The window's placement: its state, and its normal geometry as last seen in
 // the normal state. False for a missing window.
 bool GetWindowPlacement(const QWindow* window, const QRect& normalGeometry,

@@ -1,0 +1,64 @@
+#include "platform/FileManager.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QString>
+
+#include <memory>
+#include <shlobj.h>
+#include <vector>
+#include <windows.h>
+
+namespace Zorvane::FileManager {
+
+namespace {
+RevealHandler& handler()
+{
+    static RevealHandler installed;
+    return installed;
+}
+
+struct IdListFreer
+{
+    void operator()(ITEMIDLIST* list) const { ::ILFree(list); }
+};
+using IdList = std::unique_ptr<ITEMIDLIST, IdListFreer>;
+
+IdList idListOf(const QString& path)
+{
+    const std::wstring native = QDir::toNativeSeparators(path).toStdWString();
+    return IdList(::ILCreateFromPathW(native.c_str()));
+}
+} // namespace
+
+void SetRevealHandler(RevealHandler replacement)
+{
+    handler() = std::move(replacement);
+}
+
+// The folder of the first file opens in the system's file manager with the
+// files selected. Its result is not looked at: a reveal that fails has
+// nothing to tell the user that the files themselves do not.
+void ShowItems(const QList<QByteArray>& paths)
+{
+    if (handler()) {
+        handler()(paths);
+        return;
+    }
+    if (paths.isEmpty()) {
+        return;
+    }
+    const IdList folder = idListOf(QFileInfo(QString::fromUtf8(paths.first())).absolutePath());
+    std::vector<IdList> items;
+    std::vector<LPCITEMIDLIST> children;
+    for (const QByteArray& path : paths) {
+        items.push_back(idListOf(QString::fromUtf8(path)));
+        children.push_back(items.back().get());
+    }
+    if (folder) {
+        ::SHOpenFolderAndSelectItems(folder.get(), static_cast<UINT>(children.size()),
+                                     children.data(), 0);
+    }
+}
+
+} // namespace Zorvane::FileManager

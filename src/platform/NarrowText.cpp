@@ -1,0 +1,10 @@
+#include "platform/NarrowText.h"
+
+namespace Zorvane {
+
+std::string NarrowUtf8(const QString& text)
+{
+    return text.toStdString();
+}
+
+} // namespace Zorvane
