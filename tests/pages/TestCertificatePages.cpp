@@ -11,8 +11,6 @@
 #include <QScopeGuard>
 #include <QtQml/qqmlextensionplugin.h>
 
-#include <unistd.h>
-
 Q_IMPORT_QML_PLUGIN(ZorvanePlugin)
 
 // Both certificate pages in the real window, driven by keys and the mouse;

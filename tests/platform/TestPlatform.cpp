@@ -10,11 +10,6 @@
 
 #include <QApplication>
 #include <QCoreApplication>
-#include <QDBusConnection>
-#include <QDBusContext>
-#include <QDBusMessage>
-#include <QDBusMetaType>
-#include <QDBusObjectPath>
 #include <QFileDialog>
 #include <QGuiApplication>
 #include <QLineEdit>
@@ -27,6 +22,13 @@
 #include <algorithm>
 #include <cmath>
 #include <utility>
+
+#ifdef Q_OS_UNIX
+#include <QDBusConnection>
+#include <QDBusContext>
+#include <QDBusMessage>
+#include <QDBusMetaType>
+#include <QDBusObjectPath>
 
 // Stands in for the desktop portal's file chooser: keeps what it was asked,
 // and answers on the request's object as the portal does, after the call.
@@ -101,6 +103,7 @@ Window* shown()
     return nullptr;
 }
 } // namespace
+#endif
 
 class TestPlatform : public QObject
 {
@@ -112,6 +115,110 @@ class TestPlatform : public QObject
     }
 
     Zorvane::Testing::IsolatedConfig m_config;
+
+private Q_SLOTS:
+    // Every text of either palette reads at 4.5:1 or more against what it is
+    // drawn on: the window, the navigation pane (the window a shade darker),
+    // a text box, a button, a selection; the version is drawn at 70 %.
+    void readableContrast_data()
+    {
+        QTest::addColumn<QPalette>("palette");
+        const DesktopColorScheme light; // no portal on the suite's bus: light
+        QTest::newRow("light") << QGuiApplication::palette();
+        QTest::newRow("dark") << DesktopColorScheme::DarkPalette();
+    }
+
+    void readableContrast()
+    {
+        QFETCH(QPalette, palette);
+        // WCAG's ratio, for a colour drawn at its own alpha over the background.
+        const auto ratio = [](QColor text, const QColor& back) {
+            const float a = text.alphaF();
+            const auto over = [a](float t, float b) {
+                return t * a + b * (1 - a);
+            };
+            text =
+                QColor::fromRgbF(over(text.redF(), back.redF()), over(text.greenF(), back.greenF()),
+                                 over(text.blueF(), back.blueF()));
+            const auto luminance = [](const QColor& c) {
+                const auto linear = [](float v) {
+                    return v <= 0.04045F ? v / 12.92F : std::pow((v + 0.055F) / 1.055F, 2.4F);
+                };
+                return 0.2126F * linear(c.redF()) + 0.7152F * linear(c.greenF()) +
+                       0.0722F * linear(c.blueF());
+            };
+            const float t = luminance(text);
+            const float b = luminance(back);
+            return (std::max(t, b) + 0.05F) / (std::min(t, b) + 0.05F);
+        };
+        using P = QPalette;
+        const QColor window = palette.color(P::Window);
+        QColor version = palette.color(P::WindowText);
+        version.setAlphaF(0.7F);
+        for (const auto& [text, back] : QList<std::pair<QColor, QColor>>{
+                 {palette.color(P::WindowText), window},
+                 {version, window},
+                 {palette.color(P::PlaceholderText), window},
+                 {palette.color(P::PlaceholderText), window.darker(104)}, // the pane
+                 {palette.color(P::PlaceholderText), palette.color(P::Base)},
+                 {palette.color(P::Text), palette.color(P::Base)},
+                 {palette.color(P::ButtonText), palette.color(P::Button)},
+                 {palette.color(P::HighlightedText), palette.color(P::Highlight)}}) {
+            QVERIFY2(ratio(text, back) >= 4.5F,
+                     qPrintable(text.name(QColor::HexArgb) + u" on "_s + back.name()));
+        }
+    }
+
+    void cleanup()
+    {
+#ifdef Q_OS_UNIX
+        // Whatever a fake registered goes with its connection.
+        QDBusConnection::disconnectFromBus(u"fake"_s);
+#endif
+        QFile::remove(manifestPath());
+        QDir().rmpath(QFileInfo(manifestPath()).path());
+    }
+
+    void fileUris_data()
+    {
+        QTest::addColumn<QString>("uri");
+        QTest::addColumn<std::optional<QByteArray>>("path");
+        const std::optional<QByteArray> none;
+        QTest::newRow("escapes of any byte")
+            << u"file:///%ff%2F%3F"_s << std::optional<QByteArray>("/\xff/?");
+        QTest::newRow("another host") << u"file://server/a"_s << none;
+        QTest::newRow("a NUL byte") << u"file:///a%00b"_s << none;
+    }
+
+    void fileUris()
+    {
+        QFETCH(QString, uri);
+        QFETCH(std::optional<QByteArray>, path);
+        QCOMPARE(LocalPathFromUri(uri), path);
+    }
+
+    // Only a manifest that names the package gives the program its identity.
+    void packageIdentity_data()
+    {
+        QTest::addColumn<QByteArray>("content");
+        QTest::addColumn<bool>("noPackageIdentity");
+        QTest::newRow("empty manifest: no identity") << QByteArray("\n") << true;
+        QTest::newRow("installed") << QByteArray("Halvertrix.Zorvane_m4kq8wzr2p7ny\n") << false;
+    }
+
+    void packageIdentity()
+    {
+        QFETCH(QByteArray, content);
+        QFETCH(bool, noPackageIdentity);
+        QVERIFY(QDir().mkpath(QFileInfo(manifestPath()).path()));
+        QFile manifest(manifestPath());
+        QVERIFY(manifest.open(QIODevice::WriteOnly) && manifest.write(content) == content.size());
+        manifest.close();
+        QCOMPARE(Package::DetectNoPackageIdentity(), noPackageIdentity);
+    }
+
+#ifdef Q_OS_UNIX
+private:
     // A private session bus, on which a fake portal answers where a test
     // registers one.
     QProcess m_daemon;
@@ -165,58 +272,6 @@ private Q_SLOTS:
         }
         portal.kill();
         portal.waitForFinished();
-    }
-
-    // Every text of either palette reads at 4.5:1 or more against what it is
-    // drawn on: the window, the navigation pane (the window a shade darker),
-    // a text box, a button, a selection; the version is drawn at 70 %.
-    void readableContrast_data()
-    {
-        QTest::addColumn<QPalette>("palette");
-        const DesktopColorScheme light; // no portal on the suite's bus: light
-        QTest::newRow("light") << QGuiApplication::palette();
-        QTest::newRow("dark") << DesktopColorScheme::DarkPalette();
-    }
-
-    void readableContrast()
-    {
-        QFETCH(QPalette, palette);
-        // WCAG's ratio, for a colour drawn at its own alpha over the background.
-        const auto ratio = [](QColor text, const QColor& back) {
-            const float a = text.alphaF();
-            const auto over = [a](float t, float b) {
-                return t * a + b * (1 - a);
-            };
-            text =
-                QColor::fromRgbF(over(text.redF(), back.redF()), over(text.greenF(), back.greenF()),
-                                 over(text.blueF(), back.blueF()));
-            const auto luminance = [](const QColor& c) {
-                const auto linear = [](float v) {
-                    return v <= 0.04045F ? v / 12.92F : std::pow((v + 0.055F) / 1.055F, 2.4F);
-                };
-                return 0.2126F * linear(c.redF()) + 0.7152F * linear(c.greenF()) +
-                       0.0722F * linear(c.blueF());
-            };
-            const float t = luminance(text);
-            const float b = luminance(back);
-            return (std::max(t, b) + 0.05F) / (std::min(t, b) + 0.05F);
-        };
-        using P = QPalette;
-        const QColor window = palette.color(P::Window);
-        QColor version = palette.color(P::WindowText);
-        version.setAlphaF(0.7F);
-        for (const auto& [text, back] : QList<std::pair<QColor, QColor>>{
-                 {palette.color(P::WindowText), window},
-                 {version, window},
-                 {palette.color(P::PlaceholderText), window},
-                 {palette.color(P::PlaceholderText), window.darker(104)}, // the pane
-                 {palette.color(P::PlaceholderText), palette.color(P::Base)},
-                 {palette.color(P::Text), palette.color(P::Base)},
-                 {palette.color(P::ButtonText), palette.color(P::Button)},
-                 {palette.color(P::HighlightedText), palette.color(P::Highlight)}}) {
-            QVERIFY2(ratio(text, back) >= 4.5F,
-                     qPrintable(text.name(QColor::HexArgb) + u" on "_s + back.name()));
-        }
     }
 
     // Where a portal answers, its chooser is asked for the one choice of file
@@ -298,14 +353,6 @@ private Q_SLOTS:
         QVERIFY(!portal.options.contains(u"current_name"_s)); // no name is suggested
     }
 
-    void cleanup()
-    {
-        // Whatever a fake registered goes with its connection.
-        QDBusConnection::disconnectFromBus(u"fake"_s);
-        QFile::remove(manifestPath());
-        QDir().rmpath(QFileInfo(manifestPath()).path());
-    }
-
     // The file manager is shown the written files by URIs that keep every
     // byte of their paths.
     void revealKeepsThePathsBytes()
@@ -316,24 +363,6 @@ private Q_SLOTS:
         FileManager::ShowItems({"/tmp/caf\xe9 #1.crt", "/tmp/caf\xe9 #1.key"});
         QTRY_COMPARE(fileManager.uris, (QStringList{u"file:///tmp/caf%E9%20%231.crt"_s,
                                                     u"file:///tmp/caf%E9%20%231.key"_s}));
-    }
-
-    void fileUris_data()
-    {
-        QTest::addColumn<QString>("uri");
-        QTest::addColumn<std::optional<QByteArray>>("path");
-        const std::optional<QByteArray> none;
-        QTest::newRow("escapes of any byte")
-            << u"file:///%ff%2F%3F"_s << std::optional<QByteArray>("/\xff/?");
-        QTest::newRow("another host") << u"file://server/a"_s << none;
-        QTest::newRow("a NUL byte") << u"file:///a%00b"_s << none;
-    }
-
-    void fileUris()
-    {
-        QFETCH(QString, uri);
-        QFETCH(std::optional<QByteArray>, path);
-        QCOMPARE(LocalPathFromUri(uri), path);
     }
 
     // Where no portal answers, the toolkit's dialog does, and keeps nothing in
@@ -361,26 +390,7 @@ private Q_SLOTS:
         const QString config = QString::fromLocal8Bit(qgetenv("XDG_CONFIG_HOME"));
         QCOMPARE(QDir(config).entryList(QDir::NoDotAndDotDot | QDir::AllEntries), QStringList());
     }
-
-    // Only a manifest that names the package gives the program its identity.
-    void packageIdentity_data()
-    {
-        QTest::addColumn<QByteArray>("content");
-        QTest::addColumn<bool>("noPackageIdentity");
-        QTest::newRow("empty manifest: no identity") << QByteArray("\n") << true;
-        QTest::newRow("installed") << QByteArray("Halvertrix.Zorvane_m4kq8wzr2p7ny\n") << false;
-    }
-
-    void packageIdentity()
-    {
-        QFETCH(QByteArray, content);
-        QFETCH(bool, noPackageIdentity);
-        QVERIFY(QDir().mkpath(QFileInfo(manifestPath()).path()));
-        QFile manifest(manifestPath());
-        QVERIFY(manifest.open(QIODevice::WriteOnly) && manifest.write(content) == content.size());
-        manifest.close();
-        QCOMPARE(Package::DetectNoPackageIdentity(), noPackageIdentity);
-    }
+#endif
 };
 
 QTEST_MAIN(TestPlatform)

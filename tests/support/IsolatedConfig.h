@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QDir>
+#include <QStandardPaths>
 #include <QTemporaryDir>
 
 namespace Zorvane::Testing {
@@ -10,12 +12,27 @@ namespace Zorvane::Testing {
 class IsolatedConfig
 {
 public:
-    IsolatedConfig() { qputenv("XDG_CONFIG_HOME", m_dir.path().toUtf8()); }
-    ~IsolatedConfig() { qunsetenv("XDG_CONFIG_HOME"); }
+    IsolatedConfig() { isolate(true); }
+    ~IsolatedConfig() { isolate(false); }
     IsolatedConfig(const IsolatedConfig&) = delete;
     IsolatedConfig& operator=(const IsolatedConfig&) = delete;
 
 private:
+    // No variable moves the user's local application data, where Windows
+    // keeps the settings: the toolkit's test mode gives them a folder of their
+    // own, emptied here. The suites that keep settings take turns
+    // (tests/CMakeLists.txt), and their children enter it too (testMain).
+    void isolate([[maybe_unused]] bool start)
+    {
+#ifdef Q_OS_WIN
+        QStandardPaths::setTestModeEnabled(true);
+        QDir(QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation))
+            .removeRecursively();
+#else
+        start ? qputenv("XDG_CONFIG_HOME", m_dir.path().toUtf8()) : qunsetenv("XDG_CONFIG_HOME");
+#endif
+    }
+
     QTemporaryDir m_dir;
 };
 

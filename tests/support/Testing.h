@@ -7,6 +7,7 @@
 #include <QFile>
 #include <QProcess>
 #include <QSignalSpy>
+#include <QStandardPaths>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -22,7 +23,7 @@ struct ChildRun
 {
     bool crashed = false;
     int exitCode = -1;
-    QString output; ///< standard output, then standard error
+    QString output; ///< standard output, then standard error, lines ending in LF
 };
 
 // This test program started again with the arguments, as a child process
@@ -37,7 +38,8 @@ inline ChildRun runSelf(const QStringList& arguments)
         return {false, -1, QStringLiteral("(timed out)")};
     }
     return {child.exitStatus() == QProcess::CrashExit, child.exitCode(),
-            QString::fromUtf8(child.readAllStandardOutput() + child.readAllStandardError())};
+            QString::fromUtf8(child.readAllStandardOutput() + child.readAllStandardError())
+                .replace(QStringLiteral("\r\n"), QStringLiteral("\n"))};
 }
 
 using ChildMain = int (*)(int argc, char** argv);
@@ -50,6 +52,9 @@ int testMain(int argc, char** argv,
 {
     for (const auto& [option, child] : children) {
         if (argc >= 2 && option == argv[1]) {
+#ifdef Q_OS_WIN
+            QStandardPaths::setTestModeEnabled(true); // the parent's settings (IsolatedConfig.h)
+#endif
             return child(argc, argv);
         }
     }
