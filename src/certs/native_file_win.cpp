@@ -1,13 +1,15 @@
 #include "certs/native_file.h"
 #include "certs/ssl_error_category.h"
 
-#include <aclapi.h>
 #include <cerrno>
 #include <fcntl.h>
-#include <io.h>
 #include <utility>
 #include <vector>
+
 #include <windows.h>
+
+#include <aclapi.h>
+#include <io.h>
 
 namespace Zorvane {
 

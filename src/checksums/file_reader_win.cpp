@@ -4,6 +4,7 @@
 #include <cerrno>
 #include <memory>
 #include <system_error>
+
 #include <windows.h>
 
 namespace Zorvane {

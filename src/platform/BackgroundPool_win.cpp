@@ -3,6 +3,7 @@
 
 #include <atomic>
 #include <cstdio>
+
 #include <windows.h>
 
 namespace Zorvane {

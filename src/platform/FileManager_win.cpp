@@ -5,9 +5,11 @@
 #include <QString>
 
 #include <memory>
-#include <shlobj.h>
 #include <vector>
+
 #include <windows.h>
+
+#include <shlobj.h>
 
 namespace Zorvane::FileManager {
 

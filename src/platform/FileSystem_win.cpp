@@ -3,6 +3,7 @@
 #include <QString>
 
 #include <string>
+
 #include <windows.h>
 
 namespace Zorvane {

@@ -1,6 +1,7 @@
 #include "platform/NarrowText.h"
 
 #include <system_error>
+
 #include <windows.h>
 
 namespace Zorvane {

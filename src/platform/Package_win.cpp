@@ -1,9 +1,11 @@
 #include "platform/HResultError.h"
 #include "platform/Package.h"
 
-#include <appmodel.h>
 #include <string>
+
 #include <windows.h>
+
+#include <appmodel.h>
 
 namespace Zorvane::Package {
 

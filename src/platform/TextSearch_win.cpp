@@ -1,8 +1,10 @@
 #include "platform/TextSearch.h"
 
-#include <shlwapi.h>
 #include <string>
+
 #include <windows.h>
+
+#include <shlwapi.h>
 
 namespace Zorvane {
 

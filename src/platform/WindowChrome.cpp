@@ -10,10 +10,22 @@ int DpiForWindow(QWindow* window)
     return static_cast<int>(96 * window->devicePixelRatio());
 }
 
+namespace {
+QIcon programArtwork()
+{
+    return QIcon(QStringLiteral(":/Zorvane/shell/icons/zorvane.svg"));
+}
+} // namespace
+
+QImage ProgramIcon(const QSize& size)
+{
+    return programArtwork().pixmap(size).toImage();
+}
+
 void InstallIcons(QWindow* window)
 {
     // One artwork, rendered for the small and the big system sizes at this DPI.
-    const QIcon artwork(QStringLiteral(":/Zorvane/shell/icons/zorvane.svg"));
+    const QIcon artwork = programArtwork();
     const double ratio = window->devicePixelRatio();
     QIcon icon;
     for (const int size : {16, 32}) {

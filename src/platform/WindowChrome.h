@@ -1,5 +1,8 @@
 #pragma once
 
+#include <QImage>
+#include <QSize>
+
 class QWindow;
 
 namespace Zorvane::WindowChrome {
@@ -11,6 +14,10 @@ int DpiForWindow(QWindow* window);
 // DPI, set on the window. Not reloaded when the window moves to a monitor of
 // another DPI.
 void InstallIcons(QWindow* window);
+
+// The program's icon drawn at the size, from its own artwork: the SVG on
+// Linux, the executable's icon resource on Windows.
+QImage ProgramIcon(const QSize& size);
 
 // Puts the system's backdrop material behind the window where the system
 // offers one, and says whether it did; elsewhere the window keeps its plain

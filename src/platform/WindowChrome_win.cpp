@@ -2,8 +2,9 @@
 
 #include <QWindow>
 
-#include <dwmapi.h>
 #include <windows.h>
+
+#include <dwmapi.h>
 
 namespace Zorvane::WindowChrome {
 
@@ -26,6 +27,18 @@ void sendIcon(HWND window, UINT dpi, int widthMetric, int heightMetric, WPARAM k
     ::SendMessageW(window, WM_SETICON, kind, reinterpret_cast<LPARAM>(icon));
 }
 } // namespace
+
+QImage ProgramIcon(const QSize& size)
+{
+    HANDLE icon = ::LoadImageW(::GetModuleHandleW(nullptr), MAKEINTRESOURCEW(IconResource),
+                               IMAGE_ICON, size.width(), size.height(), 0);
+    if (icon == nullptr) {
+        return {};
+    }
+    QImage image = QImage::fromHICON(static_cast<HICON>(icon));
+    ::DestroyIcon(static_cast<HICON>(icon));
+    return image;
+}
 
 int DpiForWindow(QWindow* window)
 {

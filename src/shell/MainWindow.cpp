@@ -21,6 +21,7 @@
 #include <QQmlComponent>
 #include <QQmlEngine>
 #include <QQmlProperty>
+#include <QQuickImageProvider>
 #include <QQuickWindow>
 #include <QScreen>
 #include <QStyleHints>
@@ -341,8 +342,32 @@ void MainWindow::TeardownOnClosed()
 
 MainWindow::~MainWindow() = default;
 
+namespace {
+// "image://program/icon": the program's own icon for the title bar, drawn by
+// the platform from the same artwork as the window's icons.
+class ProgramIconProvider final : public QQuickImageProvider
+{
+public:
+    ProgramIconProvider() : QQuickImageProvider(QQuickImageProvider::Image) {}
+
+    QImage requestImage(const QString&, QSize* size, const QSize& requestedSize) override
+    {
+        const QImage image = WindowChrome::ProgramIcon(
+            requestedSize.isValid() ? requestedSize : QSize(DefaultIconSize, DefaultIconSize));
+        *size = image.size();
+        return image;
+    }
+
+private:
+    static constexpr int DefaultIconSize = 16;
+};
+} // namespace
+
 void MainWindow::InitializeComponent(QQmlEngine& engine)
 {
+    if (engine.imageProvider(QStringLiteral("program")) == nullptr) {
+        engine.addImageProvider(QStringLiteral("program"), new ProgramIconProvider);
+    }
     QQmlComponent component(&engine, QUrl(QStringLiteral("qrc:/Zorvane/shell/MainWindow.qml")));
     std::unique_ptr<QObject> root(component.create());
     auto* window = qobject_cast<QQuickWindow*>(root.get());

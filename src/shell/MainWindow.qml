@@ -51,7 +51,7 @@ ApplicationWindow {
                 Image {
                     objectName: "TitleBarIcon"
                     anchors.centerIn: parent
-                    source: "qrc:/Zorvane/shell/icons/zorvane.svg"
+                    source: "image://program/icon"
                     sourceSize.width: 16
                     sourceSize.height: 16
                 }
