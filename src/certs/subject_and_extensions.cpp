@@ -5,10 +5,16 @@
 #include <boost/algorithm/string/classification.hpp>
 #include <boost/algorithm/string/split.hpp>
 
-#include <arpa/inet.h>
 #include <array>
 #include <cstdint>
+
+// inet_pton is the sockets library's on both platforms; only its header differs.
+#ifdef _WIN32
+#include <ws2tcpip.h>
+#else
+#include <arpa/inet.h>
 #include <netinet/in.h>
+#endif
 
 namespace Zorvane {
 
