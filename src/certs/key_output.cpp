@@ -20,6 +20,19 @@ void raise_system_error(int error, const char* call, const std::string& path)
     raise_ssl_error();
 }
 
+namespace {
+BioPtr open_secret_bio(const std::string& path)
+{
+    std::FILE* stream = open_secret_stream(path);
+    BioPtr bio(BIO_new_fp(stream, BIO_CLOSE));
+    if (!bio) {
+        std::fclose(stream);
+        raise_ssl_error();
+    }
+    return bio;
+}
+} // namespace
+
 EvpPkeyPtr generate_rsa_key(std::int32_t bits)
 {
     // The variadic argument must be exactly a size; a negative size wraps and is refused.

@@ -1,7 +1,5 @@
 #include "certs/native_file.h"
 
-#include "certs/ssl_error_category.h"
-
 #include <cerrno>
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -99,7 +97,7 @@ int last_system_error()
     return errno;
 }
 
-BioPtr open_secret_bio(const std::string& path)
+std::FILE* open_secret_stream(const std::string& path)
 {
     Descriptor file(open_secret_file(path));
     std::FILE* stream = ::fdopen(file.get(), "wb");
@@ -107,12 +105,7 @@ BioPtr open_secret_bio(const std::string& path)
         raise_system_error(errno, "fdopen", path);
     }
     static_cast<void>(file.release()); // the stream closes it now
-    BioPtr bio(BIO_new_fp(stream, BIO_CLOSE));
-    if (!bio) {
-        std::fclose(stream);
-        raise_ssl_error();
-    }
-    return bio;
+    return stream;
 }
 
 void sync_to_disk(std::FILE* stream)

@@ -1,7 +1,5 @@
 #pragma once
 
-#include "certs/openssl_ptr.h"
-
 #include <cstdio>
 #include <string>
 
@@ -22,13 +20,13 @@ std::wstring widened_path(const std::string& path);
 // every failure to open or write a file is worded alike.
 [[noreturn]] void raise_system_error(int error, const char* call, const std::string& path);
 
-// Opens the file that receives a secret, truncated, as a file BIO that closes
-// it. It is never accessible to another user, not even for an instant: a new
+// Opens the file that receives a secret, truncated, as a binary output
+// stream. It is never accessible to another user, not even for an instant: a new
 // file is born for its owner alone, an existing one is restricted before
 // anything is emptied or written. Only a regular file takes a secret; a pipe,
 // a device, a socket or a link that another user planted is refused as a
 // failed open. A failure raises.
-BioPtr open_secret_bio(const std::string& path);
+std::FILE* open_secret_stream(const std::string& path);
 
 // Pushes what the stream has written on to the disk; a regular file whose
 // flush to the disk fails raises.

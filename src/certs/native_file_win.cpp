@@ -1,5 +1,4 @@
 #include "certs/native_file.h"
-#include "certs/ssl_error_category.h"
 
 #include <cerrno>
 #include <fcntl.h>
@@ -221,7 +220,7 @@ std::wstring widened_path(const std::string& path)
     return wide;
 }
 
-BioPtr open_secret_bio(const std::string& path)
+std::FILE* open_secret_stream(const std::string& path)
 {
     Handle file(open_secret_file(path));
     const int fd = ::_open_osfhandle(reinterpret_cast<intptr_t>(file.get()), _O_WRONLY | _O_BINARY);
@@ -235,12 +234,7 @@ BioPtr open_secret_bio(const std::string& path)
         ::_close(fd);
         raise_system_error(error, "_fdopen", path);
     }
-    BioPtr bio(BIO_new_fp(stream, BIO_CLOSE));
-    if (!bio) {
-        std::fclose(stream);
-        raise_ssl_error();
-    }
-    return bio;
+    return stream;
 }
 
 void sync_to_disk(std::FILE* stream)

@@ -1,13 +1,5 @@
 #include "platform/FileManager.h"
 
-#include "platform/FileUri.h"
-
-#include <QDBusConnection>
-#include <QDBusMessage>
-#include <QDBusPendingCallWatcher>
-#include <QDesktopServices>
-#include <QUrl>
-
 namespace Zorvane::FileManager {
 
 namespace {
@@ -15,13 +7,6 @@ RevealHandler& handler()
 {
     static RevealHandler installed;
     return installed;
-}
-
-void openFolder(const QByteArray& path)
-{
-    const qsizetype slash = path.lastIndexOf('/');
-    const QByteArray folder = slash > 0 ? path.first(slash) : QByteArray("/");
-    QDesktopServices::openUrl(QUrl(FileUriFromPath(folder), QUrl::StrictMode));
 }
 } // namespace
 
@@ -34,35 +19,9 @@ void ShowItems(const QList<QByteArray>& paths)
 {
     if (handler()) {
         handler()(paths);
-        return;
+    } else if (!paths.isEmpty()) {
+        RevealInSystem(paths);
     }
-    if (paths.isEmpty()) {
-        return;
-    }
-    QStringList uris;
-    for (const QByteArray& path : paths) {
-        uris << FileUriFromPath(path);
-    }
-    QDBusConnection bus = QDBusConnection::sessionBus();
-    if (!bus.isConnected()) {
-        openFolder(paths.first());
-        return;
-    }
-    QDBusMessage call = QDBusMessage::createMethodCall(
-        QStringLiteral("org.freedesktop.FileManager1"),
-        QStringLiteral("/org/freedesktop/FileManager1"),
-        QStringLiteral("org.freedesktop.FileManager1"), QStringLiteral("ShowItems"));
-    call << uris << QString();
-    // Asynchronous, so that a slow file manager never holds the window up.
-    auto* watcher = new QDBusPendingCallWatcher(bus.asyncCall(call));
-    const QByteArray first = paths.first();
-    QObject::connect(watcher, &QDBusPendingCallWatcher::finished, watcher,
-                     [first](QDBusPendingCallWatcher* finished) {
-                         if (finished->isError()) {
-                             openFolder(first);
-                         }
-                         finished->deleteLater();
-                     });
 }
 
 } // namespace Zorvane::FileManager

@@ -19,4 +19,8 @@ void SetRevealHandler(RevealHandler handler);
 // reported either way.
 void ShowItems(const QList<QByteArray>& paths);
 
+// The platform's own reveal of one or more paths, which ShowItems calls where
+// no handler is installed (one implementation per platform).
+void RevealInSystem(const QList<QByteArray>& paths);
+
 } // namespace Zorvane::FileManager

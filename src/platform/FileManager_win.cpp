@@ -14,12 +14,6 @@
 namespace Zorvane::FileManager {
 
 namespace {
-RevealHandler& handler()
-{
-    static RevealHandler installed;
-    return installed;
-}
-
 struct IdListFreer
 {
     void operator()(ITEMIDLIST* list) const { ::ILFree(list); }
@@ -33,23 +27,11 @@ IdList idListOf(const QString& path)
 }
 } // namespace
 
-void SetRevealHandler(RevealHandler replacement)
-{
-    handler() = std::move(replacement);
-}
-
 // The folder of the first file opens in the system's file manager with the
 // files selected. Its result is not looked at: a reveal that fails has
 // nothing to tell the user that the files themselves do not.
-void ShowItems(const QList<QByteArray>& paths)
+void RevealInSystem(const QList<QByteArray>& paths)
 {
-    if (handler()) {
-        handler()(paths);
-        return;
-    }
-    if (paths.isEmpty()) {
-        return;
-    }
     const IdList folder = idListOf(QFileInfo(QString::fromUtf8(paths.first())).absolutePath());
     std::vector<IdList> items;
     std::vector<LPCITEMIDLIST> children;
