@@ -407,8 +407,8 @@ void MainWindow::Activate()
 {
     // The platform's default first size: what the window was designed for where
     // that fits, otherwise nine tenths of the available screen. Where it goes
-    // is the window manager's choice. A restored placement comes a moment
-    // later and wins.
+    // is the window manager's choice where one decides. A restored placement
+    // comes a moment later and wins.
     if (const QScreen* screen = m_window->screen()) {
         const QRect available = screen->availableGeometry();
         const QSize size(std::clamp(std::min(PreferredSize.width(), available.width() * 9 / 10),
@@ -417,7 +417,16 @@ void MainWindow::Activate()
                          std::clamp(std::min(PreferredSize.height(), available.height() * 9 / 10),
                                     std::min(MinimumUsableSize.height(), available.height()),
                                     available.height()));
-        m_window->resize(size);
+        if (m_window->handle() != nullptr) {
+            // Made early (the system's icons needed its handle), the window
+            // was placed for its default size: the new size goes where the
+            // system places a first window, centred on the screen.
+            QRect frame(QPoint(), size);
+            frame.moveCenter(available.center());
+            m_window->setGeometry(frame);
+        } else {
+            m_window->resize(size);
+        }
     }
     m_window->show();
     m_window->requestActivate();
