@@ -22,8 +22,9 @@
 #include <sys/stat.h>
 #include <unistd.h>
 #else
-#include <aclapi.h> // with windows.h
 #include <sddl.h>
+
+#include <aclapi.h> // with windows.h
 #endif
 
 #if defined(__linux__) && defined(__x86_64__)
