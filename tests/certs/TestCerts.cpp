@@ -22,9 +22,11 @@
 #include <sys/stat.h>
 #include <unistd.h>
 #else
+// clang-format off
+#include <windows.h> // first
+#include <aclapi.h>
 #include <sddl.h>
-
-#include <aclapi.h> // with windows.h
+// clang-format on
 #endif
 
 #if defined(__linux__) && defined(__x86_64__)
@@ -563,15 +565,23 @@ private Q_SLOTS:
         QFETCH(QString, target);
         QFETCH(QString, reason);
         QTemporaryDir dir;
+#ifdef Q_OS_WIN
+        // A folder that hands everybody access to what it holds, as shared ones do.
+        PSECURITY_DESCRIPTOR everybody = nullptr;
+        QVERIFY(ConvertStringSecurityDescriptorToSecurityDescriptorW(
+            L"D:(A;OICI;FA;;;WD)", SDDL_REVISION_1, &everybody, nullptr));
+        QVERIFY(SetFileSecurityW(dir.path().toStdWString().c_str(), DACL_SECURITY_INFORMATION,
+                                 everybody));
+        LocalFree(everybody);
+#endif
         // Readable by others, so that a refused target shows whether it was
         // restricted all the same.
         const QString file = dir.filePath(u"file"_s);
-        const auto readableByOthers = QFile::ReadOwner | QFile::WriteOwner | QFile::ReadOther;
         QFile old(file);
-        QVERIFY(old.open(QIODevice::WriteOnly, readableByOthers) &&
-                old.write(QByteArray(4000, '*')) == 4000);
-        QVERIFY(old.setPermissions(readableByOthers)); // whatever the umask
+        QVERIFY(old.open(QIODevice::WriteOnly) && old.write(QByteArray(4000, '*')) == 4000);
+        QVERIFY(old.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ReadOther));
         old.close();
+        QVERIFY(whoMayRead(file) != ownerOnly());
         // Windows devices and pipes are named from the root.
         QString path = target.endsWith(u"file"_s) ? file
                        : target.startsWith(u'\\') ? target

@@ -9,6 +9,7 @@
 #include "support/Testing.h"
 
 #include <QCoreApplication>
+#include <QRegularExpression>
 
 #include <cstdio>
 #include <sys/stat.h>
@@ -212,17 +213,17 @@ private Q_SLOTS:
     void unreadableFileEndsTheProcess_data()
     {
         QTest::addColumn<QString>("target");
-        QTest::addColumn<QString>("line"); // the code as the platform has it, and why
+        // The code as the platform has it, and why (after the call that failed).
+        QTest::addColumn<QString>("line");
         // clang-format off
+        QTest::newRow("vanished file") << u"vanished"_s << u"0x80070002: \\w+: No such file or directory"_s;
+        QTest::newRow("a folder") << u"."_s << u"0x80070005: not a regular file: Is a directory"_s;
 #ifdef Q_OS_WIN
-        QTest::newRow("vanished file") << u"vanished"_s << u"0x80070002: GetFileAttributesExW: No such file or directory"_s;
         QTest::newRow("the NUL device") << u"\\\\.\\NUL"_s << u"0x80070057: not a regular file: Invalid argument"_s;
 #else
-        QTest::newRow("vanished file") << u"vanished"_s << u"0x80070002: stat: No such file or directory"_s;
         QTest::newRow("a pipe") << u"fifo"_s << u"0x80070057: not a regular file: Invalid argument"_s;
         QTest::newRow("an endless device") << u"/dev/zero"_s << u"0x80070057: not a regular file: Invalid argument"_s;
 #endif
-        QTest::newRow("a folder") << u"."_s << u"0x80070005: not a regular file: Is a directory"_s;
         // clang-format on
     }
 
@@ -235,7 +236,8 @@ private Q_SLOTS:
 #endif
         const ChildRun child = runSelf(
             {u"--run-on"_s, QDir::isAbsolutePath(target) ? target : m_dir.filePath(target)});
-        QVERIFY2(child.crashed && child.output.contains(u"Zorvane: fail-fast "_s + line + u'\n'),
+        const QRegularExpression expected(u"Zorvane: fail-fast "_s + line + u'\n');
+        QVERIFY2(child.crashed && expected.match(child.output).hasMatch(),
                  qPrintable(child.output));
     }
 };
