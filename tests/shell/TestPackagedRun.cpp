@@ -62,6 +62,7 @@ private Q_SLOTS:
         QVERIFY(big.open(QIODevice::WriteOnly) && big.resize(qint64(8) << 30)); // sparse
         big.close();
         QProcess child;
+        child.setProcessChannelMode(QProcess::ForwardedErrorChannel); // only its lines are read
         child.start(QCoreApplication::applicationFilePath(),
                     {u"--close-during-run"_s, big.fileName()});
         QVERIFY(child.waitForStarted());
