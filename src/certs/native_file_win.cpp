@@ -159,13 +159,17 @@ HANDLE open_secret_file(const std::string& path)
         }
         // Restricted before it is emptied and written: the file may have been
         // readable by others until now.
-        const DWORD restricted =
-            ::SetSecurityInfo(file.get(), SE_FILE_OBJECT,
-                              DACL_SECURITY_INFORMATION | PROTECTED_DACL_SECURITY_INFORMATION,
-                              nullptr, nullptr, security.Acl(), nullptr);
+        // Set on the open handle as given: the protection must hold, so that
+        // nothing the folder hands down comes back onto the file.
+        const DWORD restricted = ::SetKernelObjectSecurity(file.get(),
+                                                           DACL_SECURITY_INFORMATION |
+                                                               PROTECTED_DACL_SECURITY_INFORMATION,
+                                                           security.Descriptor())
+                                     ? ERROR_SUCCESS
+                                     : ::GetLastError();
         if (restricted != ERROR_SUCCESS && !refused_as_unsupported(restricted)) {
             ::SetLastError(restricted);
-            raise_last_error("SetSecurityInfo", path);
+            raise_last_error("SetKernelObjectSecurity", path);
         }
         if (!::SetEndOfFile(file.get())) {
             raise_last_error("SetEndOfFile", path);

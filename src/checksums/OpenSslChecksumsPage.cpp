@@ -93,7 +93,7 @@ FireAndForget OpenSslChecksumsPage::SelectFileAsync()
     }
     page->m_file = *picked;
     // Shown as text; bytes that are not UTF-8 show as replacement marks.
-    page->m_fileNameBox.setText(QFile::decodeName(*picked));
+    page->m_fileNameBox.setText(QString::fromUtf8(*picked));
     CalculateChecksums(page);
 }
 
@@ -114,7 +114,7 @@ void OpenSslChecksumsPage::SelectNoneClick()
 
 void OpenSslChecksumsPage::CopyAllClick()
 {
-    const QString report = ChecksumReport::Text(QFile::decodeName(m_file), m_sizeLabel.text(),
+    const QString report = ChecksumReport::Text(QString::fromUtf8(m_file), m_sizeLabel.text(),
                                                 m_sizeOutput.text(), *m_viewModel->HashAlgos());
     Clipboard::SetContent(ChecksumReport::Package(m_fileNameBox.text(), report));
 }

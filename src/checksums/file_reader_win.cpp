@@ -25,9 +25,24 @@ HANDLE handle_of(std::intptr_t file)
 
 std::int64_t file_size(const std::string& path)
 {
-    WIN32_FILE_ATTRIBUTE_DATA info = {};
-    if (!::GetFileAttributesExW(widened_path(path).c_str(), GetFileExInfoStandard, &info)) {
-        raise_last_error("GetFileAttributesExW");
+    // Asked of the file itself, so that a device (NUL) or a pipe is told
+    // apart from a file as the read would find it.
+    const HANDLE file = ::CreateFileW(widened_path(path).c_str(), 0,
+                                      FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
+                                      nullptr, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr);
+    if (file == INVALID_HANDLE_VALUE) {
+        raise_last_error("CreateFileW");
+    }
+    BY_HANDLE_FILE_INFORMATION info = {};
+    const bool disk = ::GetFileType(file) == FILE_TYPE_DISK;
+    const bool read = disk && ::GetFileInformationByHandle(file, &info);
+    const int error = read ? 0 : last_system_error();
+    ::CloseHandle(file);
+    if (!disk) {
+        throw std::system_error(EINVAL, std::generic_category(), "not a regular file");
+    }
+    if (!read) {
+        throw std::system_error(error, std::generic_category(), "GetFileInformationByHandle");
     }
     if ((info.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0) {
         throw std::system_error(EISDIR, std::generic_category(), "not a regular file");

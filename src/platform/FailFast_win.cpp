@@ -16,16 +16,6 @@ void fail_fast(std::uint32_t code, const char* what) noexcept
 {
     std::fprintf(stderr, "Zorvane: fail-fast 0x%08X: %s\n", code, what != nullptr ? what : "");
     std::fflush(stderr);
-    // Looked up rather than imported: a system without it (before Windows 8.1,
-    // or a compatibility layer) must still start the program.
-    using RoFailFast = void(WINAPI*)(HRESULT, void*);
-    if (HMODULE combase = ::GetModuleHandleW(L"combase.dll"); combase != nullptr) {
-        const FARPROC entry = ::GetProcAddress(combase, "RoFailFastWithErrorContext");
-        if (entry != nullptr) {
-            reinterpret_cast<RoFailFast>(reinterpret_cast<void*>(entry))(static_cast<HRESULT>(code),
-                                                                         nullptr);
-        }
-    }
     EXCEPTION_RECORD record = {};
     record.ExceptionCode = static_cast<DWORD>(code);
     record.ExceptionFlags = EXCEPTION_NONCONTINUABLE;

@@ -122,7 +122,7 @@ void askToReplace(QWindow* owner, const QByteArray& path, std::function<void(boo
 {
     auto* box = new QMessageBox(QMessageBox::Warning, QStringLiteral("Save As"),
                                 QStringLiteral("%1 already exists.\nDo you want to replace it?")
-                                    .arg(QFile::decodeName(path).section(QLatin1Char('/'), -1)),
+                                    .arg(QString::fromUtf8(path).section(QLatin1Char('/'), -1)),
                                 QMessageBox::Yes | QMessageBox::No);
     box->setObjectName(QStringLiteral("ReplaceQuestion"));
     box->setDefaultButton(QMessageBox::No);

@@ -91,9 +91,13 @@ MainWindow::MainWindow(QQmlEngine& engine, QObject* parent) : QObject(parent)
     m_normalGeometry = m_window->geometry();
     LoadSettingsAsync();
     m_window->setTitle(ProductIdentity::ProductName);
-    for (auto signal : {&QQuickItem::widthChanged, &QQuickItem::heightChanged}) {
-        connect(m_appTitleBar, signal, this, [this] { RunHandler([&] { UpdateDragRegions(); }); });
-    }
+    // One connection per signal: a list of member pointers fails to connect
+    // where the toolkit is a set of DLLs (mingw-w64).
+    const auto updateDragRegions = [this] {
+        RunHandler([&] { UpdateDragRegions(); });
+    };
+    connect(m_appTitleBar, &QQuickItem::widthChanged, this, updateDragRegions);
+    connect(m_appTitleBar, &QQuickItem::heightChanged, this, updateDragRegions);
     // The title bar's first layout, once the window has been shown.
     QMetaObject::invokeMethod(
         this, [this] { RunHandler([&] { UpdateDragRegions(); }); }, Qt::QueuedConnection);
@@ -101,10 +105,10 @@ MainWindow::MainWindow(QQmlEngine& engine, QObject* parent) : QObject(parent)
             [this] { RunHandler([&] { OnWindowActivated(m_window->isActive()); }); });
     InstallIcons();
     TrySetMicaBackdrop();
-    for (auto signal : {&QWindow::xChanged, &QWindow::yChanged, &QWindow::widthChanged,
-                        &QWindow::heightChanged}) {
-        connect(m_window.get(), signal, this, &MainWindow::trackNormalGeometry);
-    }
+    connect(m_window.get(), &QWindow::xChanged, this, &MainWindow::trackNormalGeometry);
+    connect(m_window.get(), &QWindow::yChanged, this, &MainWindow::trackNormalGeometry);
+    connect(m_window.get(), &QWindow::widthChanged, this, &MainWindow::trackNormalGeometry);
+    connect(m_window.get(), &QWindow::heightChanged, this, &MainWindow::trackNormalGeometry);
     connect(m_window.get(), &QWindow::windowStateChanged, this, &MainWindow::trackNormalGeometry);
     m_window->installEventFilter(this);
     connect(m_contentFrame, &PageFrame::NavigationFailed, this,
