@@ -1,7 +1,7 @@
 // Throughput of the one-pass digest engine on one file, against each digest on
 // its own and against the openssl command run once per digest; and the peak
 // resident memory of the engine. Figures come from one run; the last line is
-// the summary that the README quotes.
+// the summary that docs/performance.md quotes.
 
 #include "checksums/digest_engine.h"
 

@@ -2,7 +2,7 @@
 """The program driven through the accessibility bus alone, as a screen-reader
 user would, with no mouse; the files are named in the toolkit's own dialog or,
 with "portal", in the real desktop portal's GTK chooser. What it checks is in
-the README's Tests section. Usage: drive.py APP-NAME FOLDER [portal]"""
+docs/testing.md. Usage: drive.py APP-NAME FOLDER [portal]"""
 import datetime
 import hashlib
 import os
