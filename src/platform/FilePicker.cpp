@@ -49,14 +49,7 @@ void showDialog(QWindow* owner, const FilePickRequest& request, FilePickDone don
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     dialog->setAcceptMode(save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
     dialog->setFileMode(save ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
-    QStringList patterns;
-    for (const QString& extension : request.extensions) {
-        patterns << QLatin1Char('*') + extension;
-    }
-    dialog->setNameFilter(patterns.isEmpty()
-                              ? QStringLiteral("All files (*)")
-                              : request.choiceKey + QStringLiteral(" (") +
-                                    patterns.join(QLatin1Char(' ')) + QLatin1Char(')'));
+    dialog->setNameFilter(NameFilterFor(request));
     if (!request.defaultExtension.isEmpty()) {
         dialog->setDefaultSuffix(request.defaultExtension.mid(1));
     }
@@ -188,6 +181,17 @@ void pickChecked(QPointer<QWindow> owner, FilePickRequest request, FilePickDone 
 }
 
 } // namespace
+
+QString NameFilterFor(const FilePickRequest& request)
+{
+    QStringList patterns;
+    for (const QString& extension : request.extensions) {
+        patterns << QLatin1Char('*') + extension;
+    }
+    return patterns.isEmpty() ? QStringLiteral("All files (*)")
+                              : request.choiceKey + QStringLiteral(" (") +
+                                    patterns.join(QLatin1Char(' ')) + QLatin1Char(')');
+}
 
 void SetFilePickHandler(FilePickHandler replacement)
 {

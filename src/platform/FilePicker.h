@@ -27,6 +27,9 @@ struct FilePickRequest
     QString defaultExtension; ///< ".crt"
 };
 
+// The dialog's one file type: "PEM (*.crt *.key)", or "All files (*)".
+QString NameFilterFor(const FilePickRequest& request);
+
 // A chosen path is the file system's bytes, which need not be UTF-8: they go
 // to open(2) as they came from the picker.
 using FilePickDone = std::function<void(std::optional<QByteArray> path)>;

@@ -32,14 +32,7 @@ void PickThroughPortal(QWindow* owner, const FilePickRequest& request, FilePickD
     options->setWindowTitle(save ? QStringLiteral("Save As") : QStringLiteral("Open"));
     options->setAcceptMode(save ? QFileDialogOptions::AcceptSave : QFileDialogOptions::AcceptOpen);
     options->setFileMode(save ? QFileDialogOptions::AnyFile : QFileDialogOptions::ExistingFile);
-    QStringList patterns;
-    for (const QString& extension : request.extensions) {
-        patterns << QLatin1Char('*') + extension;
-    }
-    options->setNameFilters({patterns.isEmpty()
-                                 ? QStringLiteral("All files (*)")
-                                 : request.choiceKey + QStringLiteral(" (") +
-                                       patterns.join(QLatin1Char(' ')) + QLatin1Char(')')});
+    options->setNameFilters({NameFilterFor(request)});
     if (!request.defaultExtension.isEmpty()) {
         options->setDefaultSuffix(request.defaultExtension.mid(1));
     }
