@@ -1,20 +1,11 @@
-#include "checksums/HashAlgoVector.h"
 #include "checksums/OpenSslChecksumsPage.h"
-#include "platform/ApplicationData.h"
 #include "platform/Clipboard.h"
-#include "platform/FilePicker.h"
-#include "platform/Package.h"
 #include "support/AppFixture.h"
 #include "support/OpenSslReader.h"
-#include "support/Testing.h"
-#include "support/WindowDriver.h"
 
-#include <QAccessible>
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QMimeData>
-#include <QQuickItem>
-#include <QQuickWindow>
 #include <QtQml/qqmlextensionplugin.h>
 
 #include <unistd.h>
@@ -123,15 +114,6 @@ private Q_SLOTS:
             QVERIFY2(!m_app.control(name)->isEnabled(), qPrintable(name));
         }
         page()->setState(u"Normal"_s);
-    }
-
-    void selectionNotKeptWithoutPackageIdentity()
-    {
-        open();
-        m_app.click(m_app.control(u"Check_SHA1"_s));
-        open(); // leaves and comes back: a new page
-        QVERIFY(!m_app.control(u"Check_SHA1"_s)->property("checked").toBool());
-        QVERIFY(!QFile::exists(ApplicationData::Current().LocalSettingsValues().filePath()));
     }
 };
 

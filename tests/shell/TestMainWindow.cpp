@@ -1,19 +1,11 @@
 #include "platform/ApplicationData.h"
-#include "platform/DesktopColorScheme.h"
-#include "shell/App.h"
-#include "shell/MainWindow.h"
 #include "shell/NavigationView.h"
 #include "shell/NavigationViewItem.h"
 #include "shell/PageFrame.h"
 #include "support/AppFixture.h"
-#include "support/Testing.h"
-#include "support/WindowDriver.h"
 
 #include <QGuiApplication>
 #include <QPalette>
-#include <QQuickItem>
-#include <QQuickWindow>
-#include <QScopeGuard>
 #include <QtQml/qqmlextensionplugin.h>
 
 Q_IMPORT_QML_PLUGIN(ZorvanePlugin)
@@ -132,31 +124,6 @@ private Q_SLOTS:
         if (const qsizetype firstShown = shown.indexOf(true, 1); firstShown > 0) {
             QCOMPARE(focus, entry(static_cast<int>(firstShown)));
         }
-    }
-
-    // The title texts take the palette's colours at each activation and
-    // deactivation, and keep them through a change of the colour scheme.
-    void titleBrushesAtActivation()
-    {
-        const QPalette before = QGuiApplication::palette();
-        const auto restore = qScopeGuard([&] { QGuiApplication::setPalette(before); });
-        const auto colours = [this] {
-            return QList<QColor>{named("TitleText")->property("color").value<QColor>(),
-                                 named("ProductRun")->property("color").value<QColor>()};
-        };
-        const auto both = [](const QPalette& palette, QPalette::ColorGroup group) {
-            return QList<QColor>(2, palette.color(group, QPalette::WindowText));
-        };
-        QCOMPARE(colours(), both(before, QPalette::Active));
-        m_app->Window()->OnWindowActivated(false);
-        QCOMPARE(colours(), both(before, QPalette::Disabled));
-        const QPalette dark = DesktopColorScheme::DarkPalette();
-        QGuiApplication::setPalette(dark);
-        QTRY_COMPARE(named("NavHeader")->property("color").value<QColor>(),
-                     dark.color(QPalette::WindowText));
-        QCOMPARE(colours(), both(before, QPalette::Disabled));
-        m_app->Window()->OnWindowActivated(true);
-        QCOMPARE(colours(), both(dark, QPalette::Active));
     }
 
     // A press in the title bar's drag area is not yet a move: the move starts

@@ -23,8 +23,6 @@ public:
     QQuickWindow* window = nullptr;
     QList<FilePickRequest> requests;  ///< what the picker was asked
     std::optional<QByteArray> answer; ///< what it answers; nothing is a cancel
-    bool holding = false;             ///< the picker stays open, its answer kept in held
-    FilePickDone held;
     QList<QList<QByteArray>> reveals; ///< what the file manager was asked to show
 
     // Starts the program's window in the wide layout that the suites expect.
@@ -32,11 +30,7 @@ public:
     {
         SetFilePickHandler([this](QWindow*, const FilePickRequest& request, FilePickDone done) {
             requests << request;
-            if (holding) {
-                held = std::move(done);
-            } else {
-                done(answer);
-            }
+            done(answer);
         });
         FileManager::SetRevealHandler([this](const QList<QByteArray>& paths) { reveals << paths; });
         app = std::make_unique<App>();

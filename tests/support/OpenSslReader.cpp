@@ -1,8 +1,5 @@
 #include "support/OpenSslReader.h"
 
-#include "certs/ssl_error_category.h"
-
-#include <QDir>
 #include <QFile>
 #include <QProcess>
 
@@ -136,23 +133,6 @@ qint64 validitySeconds(const X509* certificate)
         return -1;
     }
     return qint64(days) * 86400 + seconds;
-}
-
-QString failureText(const std::error_code& ec)
-{
-    if (ec.category() != ssl_category()) {
-        return QStringLiteral("not an OpenSSL code: ") + QString::fromStdString(ec.message());
-    }
-    return QString::fromStdString(error_code_text(ec));
-}
-
-QStringList filesIn(const QString& folder)
-{
-    QStringList files;
-    for (const QFileInfo& info : QDir(folder).entryInfoList(QDir::Files, QDir::Name)) {
-        files << QStringLiteral("%1:%2").arg(info.fileName()).arg(info.size());
-    }
-    return files;
 }
 
 std::optional<unsigned> fileMode(const QString& path)

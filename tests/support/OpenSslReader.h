@@ -9,7 +9,6 @@
 #include <QStringList>
 
 #include <optional>
-#include <system_error>
 #include <utility>
 
 namespace Zorvane::Testing {
@@ -34,13 +33,6 @@ QStringList alternativeNames(const QStringList& extensions);
 
 // Seconds from not-before to not-after.
 qint64 validitySeconds(const X509* certificate);
-
-// What the failure dialog would say for the error; a code of another
-// category than OpenSSL's is named as such.
-QString failureText(const std::error_code& ec);
-
-// "name:size" of every file in a folder, sorted by name.
-QStringList filesIn(const QString& folder);
 
 // Permission bits of a file, or nothing when it does not exist.
 std::optional<unsigned> fileMode(const QString& path);
