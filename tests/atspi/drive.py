@@ -15,6 +15,13 @@ import time
 import pyatspi
 
 
+NAME, FOLDER = sys.argv[1:3]
+PORTAL = sys.argv[3:] == ["portal"]
+SHOWING, ENABLED, FOCUSED = pyatspi.STATE_SHOWING, pyatspi.STATE_ENABLED, pyatspi.STATE_FOCUSED
+# Names printed in one fixed form: OpenSSL 3.5 changed the default spacing.
+NAMES = ("-nameopt", "oneline")
+
+
 def fail(message):
     print("FAIL:", message)
     sys.exit(1)
@@ -24,42 +31,34 @@ def wait(probe, failure, timeout=20):
     """The probe's first true answer."""
     deadline = time.time() + timeout
     while time.time() < deadline:
-        answer = probe()
-        if answer:
+        if answer := probe():
             return answer
         time.sleep(0.2)
     fail(failure)
 
 
-def walk(node):
-    yield node
-    try:
-        children = [node.getChildAtIndex(i) for i in range(node.childCount)]
-    except Exception:  # a window that went while we looked
-        return
-    for child in children:
-        if child is not None:
-            yield from walk(child)
-
-
 def has(node, state):
     try:
         return node.getState().contains(state)
-    except Exception:
+    except Exception:  # a window that went while we looked
         return False
 
 
-def first(root, test):
-    for node in walk(root):
-        try:
-            if has(node, pyatspi.STATE_SHOWING) and test(node):
-                return node
-        except Exception:
-            continue
+def first(node, test):
+    """The first showing node of the tree that passes the test."""
+    try:
+        if has(node, SHOWING) and test(node):
+            return node
+    except Exception:
+        pass
+    try:
+        children = [node.getChildAtIndex(i) for i in range(node.childCount)]
+    except Exception:
+        return None
+    return next((found for child in children if child and (found := first(child, test))), None)
 
 
 def find(root, test, what, timeout=20):
-    """The first showing node that passes the test, once there is one."""
     return wait(lambda: first(root, test), f"no {what}", timeout)
 
 
@@ -69,12 +68,14 @@ def named(role, name=None):
     return lambda node: node.getRole() == role and name in (None, node.name)
 
 
-def application(name, timeout=30):
-    def probe():
-        desktop = pyatspi.Registry.getDesktop(0)
-        return next((a for a in map(desktop.getChildAtIndex, range(desktop.childCount))
-                     if a is not None and a.name == name), None)
-    return wait(probe, f"{name} is not on the accessibility bus", timeout)
+def control(root, role, name=None, timeout=20):
+    return find(root, named(role, name), f"{role} {name!r}", timeout)
+
+
+def application(name):
+    desktop = pyatspi.Registry.getDesktop
+    return wait(lambda: next((a for a in desktop(0) if a and a.name == name), None),
+                f"{name} is not on the accessibility bus", 30)
 
 
 def act(node, action):
@@ -85,23 +86,12 @@ def act(node, action):
     fail(f"{node.name!r} has no action {action}")
 
 
-def openssl(*arguments, given=None):
-    return subprocess.run(["openssl", *arguments], input=given, stdout=subprocess.PIPE,
-                          stderr=subprocess.STDOUT, text=True).stdout
+def run(*command):
+    return subprocess.run(command, stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True).stdout
 
 
-# Names printed in one fixed form: OpenSSL 3.5 changed the default spacing.
-NAMES = ("-nameopt", "oneline")
-
-
-def control(root, role, name=None, timeout=20):
-    """The first showing node of that role, and of that name where one is given."""
-    return find(root, named(role, name), f"{role} {name!r}", timeout)
-
-
-NAME, FOLDER = sys.argv[1:3]
-PORTAL = sys.argv[3:] == ["portal"]
-SHOWING, ENABLED, FOCUSED = pyatspi.STATE_SHOWING, pyatspi.STATE_ENABLED, pyatspi.STATE_FOCUSED
+def openssl(*arguments):
+    return run("openssl", *arguments)
 
 
 def press(role, name, action="press"):
@@ -115,10 +105,6 @@ def write(role, name, text):
     box = control(app, role, name)
     act(box, "setfocus")
     box.queryEditableText().setTextContents(text)
-
-
-def run(*command):
-    return subprocess.run(command, stdout=subprocess.PIPE, text=True).stdout
 
 
 def chooser(title):
