@@ -17,7 +17,6 @@ class TestMainWindow : public QObject
 
     Testing::AppFixture m_fixture;
 
-    App* m_app = nullptr;
     QQuickWindow* m_window = nullptr;
     NavigationView* m_navView = nullptr;
     PageFrame* m_frame = nullptr;
@@ -36,23 +35,10 @@ class TestMainWindow : public QObject
 
     QString headerText() const { return m_navView->Header()->property("text").toString(); }
 
-    void click(QQuickItem* item) { Testing::clickItem(m_window, item); }
-
-    QList<bool> entriesShown() const
-    {
-        QList<bool> shown;
-        for (QQuickItem* item : m_navView->MenuItems()) {
-            shown << item->isVisible();
-        }
-        return shown;
-    }
-
 private Q_SLOTS:
     void initTestCase()
     {
-        QFile::remove(ApplicationData::Current().LocalSettingsValues().filePath());
         QVERIFY(m_fixture.start());
-        m_app = m_fixture.app.get();
         m_window = m_fixture.window;
         m_navView = named<NavigationView>("NavView");
         m_frame = named<PageFrame>("ContentFrame");
@@ -76,16 +62,16 @@ private Q_SLOTS:
     void navigation()
     {
         const QPointer<QQuickItem> first = m_frame->Content();
-        click(entry(3));
+        m_fixture.click(entry(3));
         QCOMPARE(m_frame->CurrentSourcePageType(), u"Zorvane.OpenSslChecksumsPage"_s);
         QCOMPARE(headerText(), u"File Checksums"_s);
-        click(entry(1));
+        m_fixture.click(entry(1));
         QTRY_VERIFY(first.isNull()); // the old page went, a new one came
         QVERIFY(m_frame->Content() != nullptr);
 
         const QQuickItem* page = m_frame->Content();
         QSignalSpy navigated(m_frame, &PageFrame::Navigated);
-        m_app->Window()->OnNavSelectionChanged(entry(1));
+        m_fixture.app->Window()->OnNavSelectionChanged(entry(1));
         QCOMPARE(navigated.count(), 0);
         QCOMPARE(m_frame->Content(), page);
 
@@ -115,7 +101,9 @@ private Q_SLOTS:
         m_searchBox->forceActiveFocus();
         m_searchBox->setProperty("text", QString());
         Testing::typeText(m_window, typed);
-        QCOMPARE(entriesShown(), shown);
+        for (qsizetype i = 0; i < shown.size(); ++i) {
+            QCOMPARE(m_navView->MenuItems().at(i)->isVisible(), shown[i]);
+        }
         // Tab leaves the box for the first entry shown, or the next control
         // when none is: never a trap.
         QTest::keyClick(m_window, Qt::Key_Tab);
@@ -135,8 +123,8 @@ private Q_SLOTS:
             ++moves;
             return true;
         });
-        QTRY_VERIFY(m_app->Window()->DragRects()[4].width > 0);
-        const DragRectangle area = m_app->Window()->DragRects()[4];
+        QTRY_VERIFY(m_fixture.app->Window()->DragRects()[4].width > 0);
+        const DragRectangle area = m_fixture.app->Window()->DragRects()[4];
         const QPoint centre(area.x + area.width / 2, area.y + area.height / 2);
         QTest::mousePress(m_window, Qt::LeftButton, {}, centre);
         QTest::mouseMove(m_window, centre + QPoint(1, 0)); // within the drag distance
