@@ -1,4 +1,5 @@
 #include "certs/key_output.h"
+#include "certs/output_paths.h"
 #include "certs/request_builder.h"
 #include "certs/self_signed_builder.h"
 #include "certs/ssl_error_category.h"
@@ -251,6 +252,21 @@ private Q_SLOTS:
             values << QByteArray::fromStdString(value);
         }
         QCOMPARE(values, expected);
+    }
+
+    // A name without an extension gets the default one; the key is named
+    // after the main file without its last extension. Dots in folders and a
+    // name's leading dot are not extensions.
+    void outputPaths()
+    {
+        using Paths = std::array<std::string, 3>; // picked, main file, key
+        for (const auto& [picked, main, key] :
+             {Paths{"/a.b/name", "/a.b/name.crt", "/a.b/name.key"},
+              Paths{"/d/name.tar.gz", "/d/name.tar.gz", "/d/name.tar.key"},
+              Paths{"/d/.hidden", "/d/.hidden.crt", "/d/.hidden.key"}}) {
+            QCOMPARE(with_default_extension(picked, ".crt"), main);
+            QCOMPARE(key_path_for(main), key);
+        }
     }
 
     void selfSignedOutputs_data()
