@@ -3,7 +3,6 @@
 #include "platform/FileManager.h"
 #include "platform/FilePicker.h"
 #include "platform/FileUri.h"
-#include "platform/Package.h"
 #include "platform/PortalFileChooser.h"
 #include "support/IsolatedConfig.h"
 #include "support/Testing.h"
@@ -109,11 +108,6 @@ class TestPlatform : public QObject
 {
     Q_OBJECT
 
-    static QString manifestPath()
-    {
-        return QDir(QCoreApplication::applicationDirPath()).filePath(Package::ManifestRelativePath);
-    }
-
     Zorvane::Testing::IsolatedConfig m_config;
 
 private Q_SLOTS:
@@ -175,8 +169,6 @@ private Q_SLOTS:
         // Whatever a fake registered goes with its connection.
         QDBusConnection::disconnectFromBus(u"fake"_s);
 #endif
-        QFile::remove(manifestPath());
-        QDir().rmpath(QFileInfo(manifestPath()).path());
     }
 
     void fileUris_data()
@@ -195,26 +187,6 @@ private Q_SLOTS:
         QFETCH(QString, uri);
         QFETCH(std::optional<QByteArray>, path);
         QCOMPARE(LocalPathFromUri(uri), path);
-    }
-
-    // Only a manifest that names the package gives the program its identity.
-    void packageIdentity_data()
-    {
-        QTest::addColumn<QByteArray>("content");
-        QTest::addColumn<bool>("noPackageIdentity");
-        QTest::newRow("empty manifest: no identity") << QByteArray("\n") << true;
-        QTest::newRow("installed") << QByteArray("Halvertrix.Zorvane_m4kq8wzr2p7ny\n") << false;
-    }
-
-    void packageIdentity()
-    {
-        QFETCH(QByteArray, content);
-        QFETCH(bool, noPackageIdentity);
-        QVERIFY(QDir().mkpath(QFileInfo(manifestPath()).path()));
-        QFile manifest(manifestPath());
-        QVERIFY(manifest.open(QIODevice::WriteOnly) && manifest.write(content) == content.size());
-        manifest.close();
-        QCOMPARE(Package::DetectNoPackageIdentity(), noPackageIdentity);
     }
 
 #ifdef Q_OS_UNIX

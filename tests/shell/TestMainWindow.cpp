@@ -15,6 +15,8 @@ class TestMainWindow : public QObject
 {
     Q_OBJECT
 
+    // Empty, as a broken install might leave it: no package identity all the same.
+    Testing::InstalledManifest m_manifest{"\n"};
     Testing::AppFixture m_fixture;
 
     QQuickWindow* m_window = nullptr;

@@ -29,28 +29,9 @@ class TestPackagedRun : public QObject
     Q_OBJECT
 
     Zorvane::Testing::IsolatedConfig m_config;
-
-    static QString manifestPath()
-    {
-        return QDir(QCoreApplication::applicationDirPath()).filePath(Package::ManifestRelativePath);
-    }
+    Zorvane::Testing::InstalledManifest m_manifest{Package::FamilyName.toUtf8()};
 
 private Q_SLOTS:
-    void initTestCase()
-    {
-        QFile::remove(ApplicationData::Current().LocalSettingsValues().filePath());
-        QVERIFY(QDir().mkpath(QFileInfo(manifestPath()).path()));
-        QFile manifest(manifestPath());
-        QVERIFY(manifest.open(QIODevice::WriteOnly));
-        manifest.write(Package::FamilyName.toUtf8());
-    }
-
-    void cleanupTestCase()
-    {
-        QFile::remove(manifestPath());
-        QDir().rmpath(QFileInfo(manifestPath()).path());
-    }
-
     // Closing the window ends the process at once with 0, whatever runs: a
     // checksum run over a file that would take minutes does not hold it, and
     // the placement is saved first.

@@ -1,5 +1,8 @@
 #pragma once
 
+#include "platform/Package.h"
+
+#include <QCoreApplication>
 #include <QDir>
 #include <QStandardPaths>
 #include <QTemporaryDir>
@@ -34,6 +37,34 @@ private:
     }
 
     QTemporaryDir m_dir;
+};
+
+// The package manifest beside this program, as the installer leaves it, for
+// the life of the object. The suites that write it take turns.
+class InstalledManifest
+{
+public:
+    explicit InstalledManifest(const QByteArray& content)
+    {
+        QDir().mkpath(QFileInfo(path()).path());
+        QFile manifest(path());
+        if (!manifest.open(QIODevice::WriteOnly) || manifest.write(content) != content.size()) {
+            qFatal("cannot write the package manifest");
+        }
+    }
+    ~InstalledManifest()
+    {
+        QFile::remove(path());
+        QDir().rmpath(QFileInfo(path()).path());
+    }
+    InstalledManifest(const InstalledManifest&) = delete;
+    InstalledManifest& operator=(const InstalledManifest&) = delete;
+
+private:
+    static QString path()
+    {
+        return QDir(QCoreApplication::applicationDirPath()).filePath(Package::ManifestRelativePath);
+    }
 };
 
 } // namespace Zorvane::Testing
