@@ -254,6 +254,17 @@ private Q_SLOTS:
         QCOMPARE(values, expected);
     }
 
+    // A typed name that points at a configuration section is refused with
+    // OpenSSL's reason, as any refused name is, before a file is begun.
+    void nameThatPointsAtASection()
+    {
+        const QTemporaryDir dir;
+        const std::error_code ec = selfSigned([](S& s, D&) { s.commonName = "x,dirName:a"; })(dir);
+        QCOMPARE(QString::fromStdString(error_code_text(ec)),
+                 u"[ssl:%1] dirname error"_s.arg(ec.value()));
+        QCOMPARE(QDir(dir.path()).entryList(QDir::Files), QStringList());
+    }
+
     // A name without an extension gets the default one; the key is named
     // after the main file without its last extension. Dots in folders and a
     // name's leading dot are not extensions.
