@@ -70,6 +70,12 @@ private Q_SLOTS:
         m_app.click(m_app.control("ValidDaysCtrl"));
         QTest::keyClick(m_app.window, Qt::Key_Up); // 366, which the model keeps as 1
         m_app.click(m_app.control("KeySizeCtrl"));
+        // The list takes keys once it is open; a loaded machine opens it late.
+        QTRY_VERIFY(m_app.control("KeySizeCtrl")
+                        ->property("popup")
+                        .value<QObject*>()
+                        ->property("opened")
+                        .toBool());
         QTest::keyClick(m_app.window, Qt::Key_Down); // 3072
         QTest::keyClick(m_app.window, Qt::Key_Return);
         m_app.answer = m_app.path(u"signer"_s);
