@@ -69,15 +69,6 @@ Run selfSigned(std::function<void(S&, D&)> change)
         return generate_self_signed(settings);
     };
 }
-[[maybe_unused]] Run request(std::function<void(R&, D&)> change) // for the lost writes (Unix)
-{
-    return [change](D& dir) {
-        R settings = requestIn(dir);
-        change(settings, dir);
-        return generate_request(settings);
-    };
-}
-
 template <class Work>
 std::error_code raised(Work work)
 {
@@ -90,6 +81,15 @@ std::error_code raised(Work work)
 }
 
 #ifdef Q_OS_UNIX
+Run request(std::function<void(R&, D&)> change)
+{
+    return [change](D& dir) {
+        R settings = requestIn(dir);
+        change(settings, dir);
+        return generate_request(settings);
+    };
+}
+
 // The work with every file limited to the size (0: no limit), as a full disk
 // would cut it.
 std::error_code withSizeLimit(rlim_t size, const std::function<std::error_code()>& work)
